@@ -1,0 +1,73 @@
+#pragma once
+// What was drawn on the canvas since the last Cls, kept as data so that the screen can
+// paint only the visible part and a picture of the whole board can be made on demand,
+// without ever holding one bitmap of a board that may be far larger than any image.
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace tavlero {
+
+struct FontSpec {
+  std::string Name = "Arial";
+  float Size = 8.25f;  // points
+  bool Bold = false;
+  bool operator==(const FontSpec&) const = default;
+};
+
+enum class DrawKind : uint8_t { Line, Box, Circle, Text };
+
+// One drawing operation in board units. Line/Box: (x1, y1)-(x2, y2). Circle: centre
+// (x1, y1), radius x2. Text: top left (x1, y1), extent to (x2, y2).
+struct DrawOp {
+  DrawKind kind;
+  float x1, y1, x2, y2;
+  int32_t foreColor;
+  int32_t fillColor;
+  int16_t fillStyle;
+  int16_t drawStyle;
+  int16_t drawWidth;
+  uint32_t text = 0;  // index into texts() for Text
+  uint32_t font = 0;  // index into fonts() for Text
+};
+
+struct BoardRect {
+  float left, top, right, bottom;
+};
+
+class DisplayList {
+ public:
+  void clear();
+  void add(const DrawOp& op);
+  uint32_t addText(std::string text);
+  uint32_t addFont(const FontSpec& font);
+
+  const std::vector<DrawOp>& ops() const { return ops_; }
+  const std::string& text(uint32_t index) const { return texts_[index]; }
+  const FontSpec& font(uint32_t index) const { return fonts_[index]; }
+  size_t size() const { return ops_.size(); }
+
+  // Indices of the operations whose bounds meet the rectangle, in drawing order.
+  // A coarse grid over the board keeps this proportional to what is visible.
+  std::vector<uint32_t> query(const BoardRect& area) const;
+
+  // The bounds of one operation, widened by half a pen and, for text, by its extent.
+  static BoardRect bounds(const DrawOp& op);
+
+ private:
+  static constexpr float kBucket = 64.0f;  // board units per grid cell
+  static int64_t key(int32_t bx, int32_t by) { return (static_cast<int64_t>(bx) << 32) ^ static_cast<uint32_t>(by); }
+  void index(uint32_t opIndex) const;
+  void rebuildIndexIfNeeded() const;
+
+  std::vector<DrawOp> ops_;
+  std::vector<std::string> texts_;
+  std::vector<FontSpec> fonts_;
+  mutable std::unordered_map<int64_t, std::vector<uint32_t>> grid_;
+  mutable std::vector<uint32_t> huge_;  // operations too large to bucket
+  mutable size_t indexed_ = 0;
+};
+
+}  // namespace tavlero

@@ -1,0 +1,26 @@
+#pragma once
+// A surface with fixed, predictable text metrics for tests, benchmarks and the headless
+// tool's text work: every character is charWidth board units wide and a line is
+// lineHeight high, whatever the font. What was drawn is in Image().
+
+#include "board/surface.h"
+
+namespace tavlero {
+
+class TestSurface : public Surface {
+ public:
+  float charWidth = 1.0f;
+  float lineHeight = 4.0f;
+
+  float TextWidth(const std::string& text) override;
+  float TextHeight(const std::string& text) override;
+
+  int geometryChanges = 0;
+  int focusRequests = 0;
+  void SetFocus() override { ++focusRequests; }
+
+ protected:
+  void geometryChanged() override { ++geometryChanges; }
+};
+
+}  // namespace tavlero

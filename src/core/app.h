@@ -1,0 +1,63 @@
+#pragma once
+// The running program as the logic sees it: the one project store, the canvas, and the
+// platform it talks through. Every handler of every subsystem takes an App.
+
+#include <memory>
+#include <string>
+
+#include "board/surface.h"
+#include "core/project_store.h"
+#include "platform/common_dialog.h"
+#include "platform/forms.h"
+#include "platform/outputs.h"
+#include "platform/ui.h"
+
+namespace tavlero {
+
+// The hollow rectangle that follows a dragged cell, in board units of the canvas.
+struct DemoRectangle {
+  float Left = 0;
+  float Top = 0;
+  float Width = 0;
+  float Height = 0;
+  bool Visible = false;
+};
+
+struct Platform {
+  Ui& ui;
+  CommonDialog& commonDialog;
+  Clipboard& clipboard;
+  PictureWriter& pictures;
+  Printer& printer;
+  FormFactory& forms;
+};
+
+class App {
+ public:
+  App(Surface& canvas, Platform platform)
+      : canvas(canvas),
+        ui(platform.ui),
+        commonDialog(platform.commonDialog),
+        clipboard(platform.clipboard),
+        pictures(platform.pictures),
+        printer(platform.printer),
+        forms(platform.forms) {}
+
+  ProjectStore store;
+  Surface& canvas;
+  Ui& ui;
+  CommonDialog& commonDialog;
+  Clipboard& clipboard;
+  PictureWriter& pictures;
+  Printer& printer;
+  FormFactory& forms;
+
+  DemoRectangle demoRectangle;
+
+  // Forms while they are open; empty when closed.
+  std::unique_ptr<MethodFormView> addMethodForm;
+  std::unique_ptr<MethodInfoView> methodInfoForm;
+  std::unique_ptr<AboutView> aboutForm;
+};
+
+}  // namespace tavlero

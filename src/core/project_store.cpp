@@ -1,0 +1,70 @@
+#include "core/project_store.h"
+
+#include "core/record.h"
+
+#include <algorithm>
+
+namespace tavlero {
+
+namespace {
+const std::string kEmpty;
+}
+
+const std::string& StringList::List(int16_t index) const {
+  if (index < 0 || index >= ListCount()) return kEmpty;
+  return items_[static_cast<size_t>(index)];
+}
+
+void StringList::setList(int16_t index, std::string text) {
+  if (index < 0 || index >= ListCount()) return;
+  items_[static_cast<size_t>(index)] = std::move(text);
+}
+
+bool StringList::AddItem(std::string text) {
+  if (items_.size() >= static_cast<size_t>(kMaxCount)) return false;
+  items_.push_back(std::move(text));
+  return true;
+}
+
+void StringList::RemoveItem(int16_t index) {
+  if (index < 0 || index >= ListCount()) return;
+  items_.erase(items_.begin() + index);
+}
+
+ProjectStore::ProjectStore() : longDescriptions_(kLongDescriptionSlots) {}
+
+std::string ProjectStore::getLongDescription(int16_t index) const {
+  if (index < 0 || index >= kLongDescriptionSlots) return {};
+  return longDescriptions_[static_cast<size_t>(index)];
+}
+
+void ProjectStore::setLongDescription(int16_t index, std::string text) {
+  if (index < 0 || index >= kLongDescriptionSlots) return;
+  longDescriptions_[static_cast<size_t>(index)] = std::move(text);
+}
+
+void ProjectStore::removeLongDescription(int16_t index) {
+  if (index < 0) return;
+  // Slot i takes slot i + 1 for i up to and with the new count; the last source keeps its
+  // text. The table's own last slot has no successor and stays as it is.
+  int last = std::min<int>(itemList.ListCount(), kLongDescriptionSlots - 2);
+  for (int i = index; i < last; ++i)
+    longDescriptions_[static_cast<size_t>(i)] = std::move(longDescriptions_[static_cast<size_t>(i) + 1]);
+  if (index <= last) longDescriptions_[static_cast<size_t>(last)] = longDescriptions_[static_cast<size_t>(last) + 1];
+}
+
+void ProjectStore::clearLongDescriptions() {
+  for (auto& text : longDescriptions_) text.clear();
+}
+
+std::string ProjectStore::getField(std::string_view record, std::string_view key) const {
+  if (record.empty()) return {};
+  if (key == "longDescription") {
+    const auto& items = itemList.items();
+    for (size_t i = 0; i < items.size(); ++i)
+      if (items[i] == record) return getLongDescription(static_cast<int16_t>(i));
+  }
+  return tavlero::getField(record, key);
+}
+
+}  // namespace tavlero

@@ -1,0 +1,96 @@
+#pragma once
+// Everything the running program knows: four ordered lists of record strings, the
+// table of long descriptions, the project's name and description, and the program
+// variables. One instance lives as long as the program.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavlero {
+
+// An ordered list of strings with 16-bit indices, as the list boxes that held the records.
+class StringList {
+ public:
+  static constexpr int16_t kMaxCount = 32767;
+
+  int16_t ListCount() const { return static_cast<int16_t>(items_.size()); }
+  // An index outside the list reads as the empty string and is ignored on writing,
+  // so that a stale index can never reach outside the list.
+  const std::string& List(int16_t index) const;
+  void setList(int16_t index, std::string text);
+  // False, and nothing added, when the list already holds kMaxCount entries.
+  bool AddItem(std::string text);
+  void RemoveItem(int16_t index);
+  void Clear() { items_.clear(); }
+
+  const std::vector<std::string>& items() const { return items_; }
+  void reserve(size_t count) { items_.reserve(count); }
+
+ private:
+  std::vector<std::string> items_;
+};
+
+class ProjectStore {
+ public:
+  static constexpr int16_t kLongDescriptionSlots = 32001;  // indices 0 to 32,000
+  static constexpr int16_t kMaxMethods = kLongDescriptionSlots;
+  static constexpr int16_t kMaxLinks = StringList::kMaxCount;
+
+  ProjectStore();
+
+  StringList itemList;      // cell records
+  StringList sizeList;      // cell geometry records
+  StringList linkList;      // link records
+  StringList linkSizeList;  // link geometry records
+
+  std::string getLongDescription(int16_t index) const;
+  void setLongDescription(int16_t index, std::string text);
+  // After itemList.RemoveItem(index): the slots from index on move down by one.
+  void removeLongDescription(int16_t index);
+  void clearLongDescriptions();
+
+  // getField with the one key the store answers itself: "longDescription" looks the
+  // record up in itemList and gives the long description of the first equal entry.
+  std::string getField(std::string_view record, std::string_view key) const;
+
+  void markChanged() { isSaved = false; }
+
+  // Project text.
+  std::string programName;
+  std::string programDescription;
+  std::string fontName = "Arial";  // the Font.Name of the canvas
+
+  // Program variables.
+  float zoomFactor = 2.0f;
+  float minimumCellWidth = 25.0f;
+  float maximumCellWidth = 50.0f;
+  int16_t nameFontSize = 6;
+  int16_t infoFontSize = 4;
+  int16_t selectedCell = -1;
+  int16_t selectedLink = -1;
+  int32_t currentColor = 16777215;
+  int32_t currentFillStyle = 0;
+  bool isSaved = true;
+  std::string projectFileName;  // native path component
+  std::string projectFolder;    // native path, ends in the folder separator
+  bool doubleDraw = true;
+  std::string actionKey = "k";
+  int16_t htmlTableColumns = 5;
+  int32_t lastMouseX = 0;
+  int32_t lastMouseY = 0;
+  float dragStartX = 0;
+  float dragStartY = 0;
+  std::string infoPageFolder;
+  std::string commandLine;
+  std::string appFolder;
+  std::string settingsPath;
+  std::string fieldSeparator = "\r\n\t";
+  std::string quoteChar = "\"";
+
+ private:
+  std::vector<std::string> longDescriptions_;
+};
+
+}  // namespace tavlero

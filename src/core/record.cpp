@@ -1,0 +1,180 @@
+#include "core/record.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+
+namespace tavlero {
+
+namespace {
+
+struct TagSpan {
+  size_t start;     // 0-based index of the first character behind "<key>" (as if found)
+  size_t closePos;  // 0-based index of "</key>", npos when absent
+};
+
+// The search has no test that the opening tag was found: without it, start counts from
+// position 0, exactly as the 1-based rule "openPos + length" does with openPos = 0.
+TagSpan findTags(std::string_view record, std::string_view key) {
+  std::string openTag;
+  openTag.reserve(key.size() + 2);
+  openTag.append("<").append(key).append(">");
+  std::string closeTag;
+  closeTag.reserve(key.size() + 3);
+  closeTag.append("</").append(key).append(">");
+  size_t openPos = record.find(openTag);  // 0-based
+  size_t start = (openPos == std::string_view::npos) ? openTag.size() - 1 : openPos + openTag.size();
+  return {start, record.find(closeTag)};
+}
+
+std::string formatFloat(double value, int precision) {
+  if (std::isnan(value)) return " 0";
+  if (std::isinf(value)) return value < 0 ? "-1.#INF" : " 1.#INF";
+  std::string sign = (value < 0) ? "-" : " ";
+  double magnitude = std::fabs(value);
+  if (magnitude == 0) return " 0";
+
+  char buffer[64];
+  std::snprintf(buffer, sizeof buffer, "%.*E", precision - 1, magnitude);
+  // buffer: d.ddddddE+xx
+  std::string text(buffer);
+  size_t ePos = text.find('E');
+  int exponent = std::atoi(text.c_str() + ePos + 1);
+  std::string digits;
+  for (size_t i = 0; i < ePos; ++i)
+    if (text[i] != '.') digits += text[i];
+  while (digits.size() > 1 && digits.back() == '0') digits.pop_back();
+
+  if (exponent >= precision || exponent < -5) {
+    std::string mantissa = digits.substr(0, 1);
+    if (digits.size() > 1) mantissa += "." + digits.substr(1);
+    char expText[16];
+    std::snprintf(expText, sizeof expText, "E%c%02d", exponent < 0 ? '-' : '+', std::abs(exponent));
+    return sign + mantissa + expText;
+  }
+  std::string result;
+  if (exponent < 0) {
+    result = "." + std::string(static_cast<size_t>(-exponent - 1), '0') + digits;
+  } else {
+    size_t intDigits = static_cast<size_t>(exponent) + 1;
+    if (digits.size() <= intDigits) {
+      result = digits + std::string(intDigits - digits.size(), '0');
+    } else {
+      result = digits.substr(0, intDigits) + "." + digits.substr(intDigits);
+    }
+  }
+  return sign + result;
+}
+
+bool isSkipped(char c) { return c == ' ' || c == '\t' || c == '\n'; }
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+}  // namespace
+
+std::string getField(std::string_view record, std::string_view key) {
+  if (record.empty()) return {};
+  TagSpan span = findTags(record, key);
+  if (span.closePos == std::string_view::npos) return {};
+  if (span.closePos <= span.start) return {};
+  return std::string(record.substr(span.start, span.closePos - span.start));
+}
+
+std::string setField(std::string_view record, std::string_view key, std::string_view value) {
+  if (record.empty()) return {};
+  TagSpan span = findTags(record, key);
+  if (span.closePos == std::string_view::npos) return std::string(record);
+  // The first start-1 characters (1-based rule), the value, then the record from the
+  // closing tag on. When the closing tag stands before the opening one the head is cut
+  // at the closing tag's start, as the 1-based arithmetic does.
+  size_t head = std::min(span.start, record.size());
+  std::string result(record.substr(0, head));
+  result.append(value);
+  result.append(record.substr(span.closePos));
+  return result;
+}
+
+std::string numberToText(int16_t value) { return numberToText(static_cast<int32_t>(value)); }
+
+std::string numberToText(int32_t value) {
+  std::string digits = std::to_string(static_cast<int64_t>(value));
+  return value < 0 ? digits : " " + digits;
+}
+
+std::string numberToText(float value) { return formatFloat(static_cast<double>(value), 7); }
+
+std::string numberToText(double value) { return formatFloat(value, 15); }
+
+double textToNumber(std::string_view text) {
+  std::string clean;
+  size_t i = 0;
+  auto skip = [&] {
+    while (i < text.size() && isSkipped(text[i])) ++i;
+  };
+  skip();
+  if (i < text.size() && (text[i] == '+' || text[i] == '-')) clean += text[i++];
+  bool sawDigit = false;
+  bool sawPoint = false;
+  for (;;) {
+    skip();
+    if (i >= text.size()) break;
+    char c = text[i];
+    if (isDigit(c)) {
+      clean += c;
+      sawDigit = true;
+    } else if (c == '.' && !sawPoint) {
+      clean += c;
+      sawPoint = true;
+    } else {
+      break;
+    }
+    ++i;
+  }
+  if (!sawDigit) return 0;
+  skip();
+  if (i < text.size() && (text[i] == 'E' || text[i] == 'e' || text[i] == 'D' || text[i] == 'd')) {
+    std::string exponent = "E";
+    ++i;
+    skip();
+    if (i < text.size() && (text[i] == '+' || text[i] == '-')) exponent += text[i++];
+    bool expDigit = false;
+    for (;;) {
+      skip();
+      if (i >= text.size() || !isDigit(text[i])) break;
+      // Enough digits to overflow any double; more would only slow strtod down.
+      if (exponent.size() < 8) exponent += text[i];
+      expDigit = true;
+      ++i;
+    }
+    if (expDigit) clean += exponent;
+  }
+  double result = std::strtod(clean.c_str(), nullptr);
+  if (std::isinf(result)) return result > 0 ? std::numeric_limits<double>::max() : -std::numeric_limits<double>::max();
+  return result;
+}
+
+float toSingle(double value) {
+  if (std::isnan(value)) return 0;
+  constexpr double maxFloat = std::numeric_limits<float>::max();
+  if (value > maxFloat) return std::numeric_limits<float>::max();
+  if (value < -maxFloat) return -std::numeric_limits<float>::max();
+  return static_cast<float>(value);
+}
+
+int32_t toLong(double value) {
+  if (std::isnan(value)) return 0;
+  double rounded = std::nearbyint(value);
+  if (rounded >= 2147483647.0) return std::numeric_limits<int32_t>::max();
+  if (rounded <= -2147483648.0) return std::numeric_limits<int32_t>::min();
+  return static_cast<int32_t>(rounded);
+}
+
+int16_t toInteger(double value) {
+  if (std::isnan(value)) return 0;
+  double rounded = std::nearbyint(value);
+  if (rounded >= 32767.0) return std::numeric_limits<int16_t>::max();
+  if (rounded <= -32768.0) return std::numeric_limits<int16_t>::min();
+  return static_cast<int16_t>(rounded);
+}
+
+}  // namespace tavlero

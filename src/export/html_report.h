@@ -1,0 +1,20 @@
+#pragma once
+// The plan as one HTML page, and the method sections the info view shows.
+
+#include <cstdint>
+#include <string>
+
+#include "core/app.h"
+
+namespace tavlero {
+
+std::string buildMethodHtml(const ProjectStore& store, int16_t index);
+std::string htmlFragment(const ProjectStore& store, const std::string& text, int32_t colour, bool asTableCell);
+int16_t findMethodByName(const ProjectStore& store, const std::string& name);
+// "#RRGGBB" from a stored colour number.
+std::string colourText(int32_t colour);
+// The whole report file's text.
+std::string buildHtmlReport(const ProjectStore& store);
+void saveHtmlReport(App& app);
+
+}  // namespace tavlero

@@ -1,0 +1,16 @@
+#pragma once
+// The method info view: a page written to TavleroTemp.html and shown in a browser form.
+
+#include <string>
+
+#include "core/app.h"
+
+namespace tavlero {
+
+// The page text: the selected method's section, or the project page.
+std::string buildInfoPage(const ProjectStore& store);
+void showMethodInfo(App& app);
+void methodInfoForm_Command1_Click(App& app);  // OK; also closing by the frame
+void methodInfoForm_Form_Resize(App& app);
+
+}  // namespace tavlero

@@ -1,0 +1,24 @@
+#pragma once
+// The .tvl project file: the writer, the reader, and the dialogs that choose a file.
+
+#include <string>
+
+#include "core/app.h"
+
+namespace tavlero {
+
+// Writes folder + fileName (folder ends in its separator). Saving replaces the target
+// only once every byte is written; on failure the old file stays, isSaved is left as it
+// was and a Norwegian message names the file. True when written.
+bool writeProject(App& app, const std::string& fileName, const std::string& folder);
+
+// Replaces the project with the file's content and redraws. False when the file could
+// not be opened or read; the lists are empty then, and no message was shown.
+bool readProject(App& app, const std::string& path);
+
+// The save dialog; on success projectFileName and projectFolder hold the choice.
+bool showSaveDialog(App& app, const std::string& filter, const std::string& defaultExt);
+void saveProjectAs(App& app);
+void openProjectDialog(App& app);
+
+}  // namespace tavlero

@@ -1,0 +1,169 @@
+#include "test_support.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+#include "core/record.h"
+
+namespace tavlero::testing {
+
+MsgResult FakeUi::MsgBox(const std::string& prompt, MsgButtons buttons, MsgIcon icon, const std::string& title) {
+  messages.push_back({prompt, buttons, icon, title});
+  if (!answers.empty()) {
+    MsgResult next = answers.front();
+    answers.pop_front();
+    return next;
+  }
+  return buttons == MsgButtons::OK ? MsgResult::OK : MsgResult::Yes;
+}
+
+bool FakeCommonDialog::answer(std::deque<std::string>& queue) {
+  filtersSeen.push_back(Filter);
+  if (queue.empty()) return false;
+  std::string path = queue.front();
+  queue.pop_front();
+  if (path.empty()) return false;
+  FileName = path;
+  FileTitle = std::filesystem::path(path).filename().string();
+  return true;
+}
+
+bool FakeCommonDialog::ShowOpen() {
+  ++opens;
+  return answer(openAnswers);
+}
+
+bool FakeCommonDialog::ShowSave() {
+  ++saves;
+  return answer(saveAnswers);
+}
+
+void FakeClipboard::Clear() {
+  ++clears;
+  hasText = false;
+  text.clear();
+}
+
+void FakeClipboard::SetText(const std::string& value) {
+  hasText = true;
+  text = value;
+}
+
+bool FakeClipboard::SetPicture(const Surface&, std::string&) {
+  ++pictures;
+  return true;
+}
+
+bool FakePictures::SavePicture(const Surface&, const std::string& path, std::string& error) {
+  if (fail) {
+    error = "Kunne ikke lagre bildet.";
+    return false;
+  }
+  paths.push_back(path);
+  return true;
+}
+
+bool FakePrinter::PrintForm(std::string& error) {
+  if (fail) {
+    error = "Fant ingen skriver.";
+    return false;
+  }
+  ++printed;
+  return true;
+}
+
+void FakeMethodForm::setTexts(const std::string& n, const std::string& s, const std::string& l) {
+  name = n;
+  summary = s;
+  description = l;
+}
+
+void FakeMethodForm::setErrorLabel(const std::string& caption, bool visible) {
+  errorCaption = caption;
+  errorVisible = visible;
+}
+
+void FakeProgramInfo::Show(const std::string& n, const std::string& d) {
+  shown = true;
+  name = n;
+  description = d;
+}
+
+void FakeMethodInfo::placeButton(float left, float top) {
+  buttonLeft = left;
+  buttonTop = top;
+}
+
+void FakeMethodInfo::sizeBrowser(float w, float h) {
+  browserWidth = w;
+  browserHeight = h;
+}
+
+std::unique_ptr<MethodFormView> FakeForms::makeMethodForm() {
+  auto form = std::make_unique<FakeMethodForm>();
+  lastMethodForm = form.get();
+  return form;
+}
+
+std::unique_ptr<MethodInfoView> FakeForms::makeMethodInfoForm() {
+  auto form = std::make_unique<FakeMethodInfo>();
+  lastMethodInfo = form.get();
+  return form;
+}
+
+std::unique_ptr<AboutView> FakeForms::makeAboutForm() {
+  auto form = std::make_unique<FakeAbout>();
+  lastAbout = form.get();
+  return form;
+}
+
+int16_t FakeWorld::addCell(const std::string& name, float x, float y, const std::string& summary, int32_t color,
+                           int32_t fill, const std::string& longDescription) {
+  auto& store = app.store;
+  const std::string& sep = store.fieldSeparator;
+  std::string record = "<positionX>" + numberToText(x) + "</positionX>" + sep + "<positionY>" + numberToText(y) +
+                       "</positionY>" + sep + "<methodName>" + name + "</methodName>" + sep +
+                       "<shortDescription>" + summary + "</shortDescription>" + sep + "<cellColor>" +
+                       numberToText(color) + "</cellColor>" + sep + "<cellFillStyle>" + numberToText(fill) +
+                       "</cellFillStyle>";
+  store.itemList.AddItem(record);
+  auto index = static_cast<int16_t>(store.itemList.ListCount() - 1);
+  store.setLongDescription(index, longDescription);
+  store.sizeList.AddItem("X1: 0 Y1: 0 X2: 0 Y2: 0");
+  return index;
+}
+
+int16_t FakeWorld::addLinkRecord(const std::string& source, const std::string& target) {
+  auto& store = app.store;
+  store.linkList.AddItem("<linkSource>" + source + "</linkSource><linkTarget>" + target + "</linkTarget>");
+  store.linkSizeList.AddItem("<X1>0</X1><Y1>0</Y1><X2>0</X2><Y2>0</Y2>");
+  return static_cast<int16_t>(store.linkList.ListCount() - 1);
+}
+
+TempDir::TempDir() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "tavlero-test-XXXXXX").string();
+  if (!mkdtemp(pattern.data())) throw std::runtime_error("mkdtemp failed");
+  path_ = pattern + "/";
+}
+
+TempDir::~TempDir() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+std::string readFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+void writeFile(const std::string& path, const std::string& bytes) {
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+std::string dataPath(const std::string& relative) { return std::string(TAVLERO_TEST_DATA) + "/" + relative; }
+
+}  // namespace tavlero::testing

@@ -1,0 +1,202 @@
+#pragma once
+// A scripted fake platform: every call the logic makes of the window system is recorded,
+// and every question it asks is answered from a queue the test fills in advance.
+
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "board/test_surface.h"
+#include "core/app.h"
+
+namespace tavlero::testing {
+
+struct Message {
+  std::string prompt;
+  MsgButtons buttons;
+  MsgIcon icon;
+  std::string title;
+};
+
+class FakeUi : public Ui {
+ public:
+  std::deque<MsgResult> answers;  // next answers to MsgBox; empty: the first button's
+  std::vector<Message> messages;
+  int beeps = 0;
+  std::string captionText = "Tavlero";
+  int pointer = kPointerDefault;
+  bool enabled = true;
+  int focusCalls = 0;
+  int doEventsCalls = 0;
+  int refreshCalls = 0;
+  int demoChanges = 0;
+  bool ended = false;
+  float clientWidth = 255.9375f;  // 14505 twips
+  float clientHeight = 173.6042f;  // 9840 twips
+
+  MsgResult MsgBox(const std::string& prompt, MsgButtons buttons, MsgIcon icon, const std::string& title) override;
+  void Beep() override { ++beeps; }
+  void setCaption(const std::string& caption) override { captionText = caption; }
+  std::string caption() const override { return captionText; }
+  void setMousePointer(int code) override { pointer = code; }
+  void setMainEnabled(bool value) override { enabled = value; }
+  bool mainEnabled() const override { return enabled; }
+  void focusMain() override { ++focusCalls; }
+  void DoEvents() override { ++doEventsCalls; }
+  void refreshMain() override { ++refreshCalls; }
+  void demoRectangleChanged() override { ++demoChanges; }
+  float mainScaleWidth() const override { return clientWidth; }
+  float mainScaleHeight() const override { return clientHeight; }
+  void endProgram() override { ended = true; }
+};
+
+// Answers ShowOpen/ShowSave from queues of full paths; an empty string, or an empty
+// queue, is a cancel.
+class FakeCommonDialog : public CommonDialog {
+ public:
+  std::deque<std::string> openAnswers;
+  std::deque<std::string> saveAnswers;
+  int opens = 0;
+  int saves = 0;
+  std::vector<std::string> filtersSeen;
+  bool ShowOpen() override;
+  bool ShowSave() override;
+
+ private:
+  bool answer(std::deque<std::string>& queue);
+};
+
+class FakeClipboard : public Clipboard {
+ public:
+  bool hasText = false;
+  std::string text;
+  int pictures = 0;
+  int clears = 0;
+  void Clear() override;
+  void SetText(const std::string& value) override;
+  bool SetPicture(const Surface& canvas, std::string& error) override;
+};
+
+class FakePictures : public PictureWriter {
+ public:
+  std::vector<std::string> paths;
+  bool fail = false;
+  bool SavePicture(const Surface& canvas, const std::string& path, std::string& error) override;
+};
+
+class FakePrinter : public Printer {
+ public:
+  int printed = 0;
+  bool fail = false;
+  bool PrintForm(std::string& error) override;
+};
+
+class FakeMethodForm : public MethodFormView {
+ public:
+  bool shown = false;
+  bool unloaded = false;
+  std::string captionText = "Legg til ny metode";
+  std::string name, summary, description;
+  std::string errorCaption;
+  bool errorVisible = false;
+  bool okDefault = true;
+  int nameFocus = 0;
+  void Show() override { shown = true; }
+  void Unload() override { unloaded = true; }
+  void setCaption(const std::string& caption) override { captionText = caption; }
+  std::string methodName() const override { return name; }
+  std::string shortDescription() const override { return summary; }
+  std::string longDescription() const override { return description; }
+  void setTexts(const std::string& n, const std::string& s, const std::string& l) override;
+  void focusNameSelectAll() override { ++nameFocus; }
+  void setErrorLabel(const std::string& caption, bool visible) override;
+  void setOkDefault(bool isDefault) override { okDefault = isDefault; }
+};
+
+class FakeProgramInfo : public ProgramInfoView {
+ public:
+  bool shown = false;
+  std::string name, description;
+  bool okDefault = true;
+  void Show(const std::string& n, const std::string& d) override;
+  void Hide() override { shown = false; }
+  void setOkDefault(bool isDefault) override { okDefault = isDefault; }
+};
+
+class FakeMethodInfo : public MethodInfoView {
+ public:
+  bool shown = false;
+  std::vector<std::string> navigations;
+  int focus = 0;
+  float width = 11625, height = 9225;
+  float buttonLeft = 0, buttonTop = 0, browserWidth = 0, browserHeight = 0;
+  void Show() override { shown = true; }
+  void Hide() override { shown = false; }
+  void Navigate(const std::string& path) override { navigations.push_back(path); }
+  void SetFocus() override { ++focus; }
+  float formWidth() const override { return width; }
+  float formHeight() const override { return height; }
+  void placeButton(float left, float top) override;
+  void sizeBrowser(float w, float h) override;
+};
+
+class FakeAbout : public AboutView {
+ public:
+  bool shown = false;
+  void Show() override { shown = true; }
+  void Unload() override { shown = false; }
+};
+
+// Hands out fakes and keeps a pointer to the last one made, for the test to inspect.
+class FakeForms : public FormFactory {
+ public:
+  FakeMethodForm* lastMethodForm = nullptr;
+  FakeMethodInfo* lastMethodInfo = nullptr;
+  FakeAbout* lastAbout = nullptr;
+  FakeProgramInfo programInfo;
+  std::unique_ptr<MethodFormView> makeMethodForm() override;
+  std::unique_ptr<MethodInfoView> makeMethodInfoForm() override;
+  std::unique_ptr<AboutView> makeAboutForm() override;
+  ProgramInfoView& programInfoForm() override { return programInfo; }
+};
+
+// The whole fake world with an App over a TestSurface.
+struct FakeWorld {
+  TestSurface canvas;
+  FakeUi ui;
+  FakeCommonDialog dialog;
+  FakeClipboard clipboard;
+  FakePictures pictures;
+  FakePrinter printer;
+  FakeForms forms;
+  App app{canvas, Platform{ui, dialog, clipboard, pictures, printer, forms}};
+
+  // Appends a cell record the way the method dialog builds one, with its geometry
+  // placeholder and long description; returns its index.
+  int16_t addCell(const std::string& name, float x, float y, const std::string& summary = "",
+                  int32_t color = 16777215, int32_t fill = 0, const std::string& longDescription = "");
+  // Appends a fresh link record with the placeholder geometry.
+  int16_t addLinkRecord(const std::string& source, const std::string& target);
+};
+
+// A fresh empty folder under the system's temporary folder, removed by its destructor.
+class TempDir {
+ public:
+  TempDir();
+  ~TempDir();
+  TempDir(const TempDir&) = delete;
+  TempDir& operator=(const TempDir&) = delete;
+  const std::string& path() const { return path_; }  // ends in '/'
+  std::string file(const std::string& name) const { return path_ + name; }
+
+ private:
+  std::string path_;
+};
+
+std::string readFile(const std::string& path);
+void writeFile(const std::string& path, const std::string& bytes);
+// A file of tests/data.
+std::string dataPath(const std::string& relative);
+
+}  // namespace tavlero::testing
