@@ -31,6 +31,20 @@ void StringList::RemoveItem(int16_t index) {
   items_.erase(items_.begin() + index);
 }
 
+void StringList::RemoveItems(const std::vector<int16_t>& ascendingIndices) {
+  size_t next = 0;
+  size_t kept = 0;
+  for (size_t i = 0; i < items_.size(); ++i) {
+    if (next < ascendingIndices.size() && static_cast<size_t>(ascendingIndices[next]) == i) {
+      ++next;
+      continue;
+    }
+    if (kept != i) items_[kept] = std::move(items_[i]);
+    ++kept;
+  }
+  items_.resize(kept);
+}
+
 ProjectStore::ProjectStore() : longDescriptions_(kLongDescriptionSlots) {}
 
 std::string ProjectStore::getLongDescription(int16_t index) const {

@@ -23,6 +23,8 @@ class StringList {
   // False, and nothing added, when the list already holds kMaxCount entries.
   bool AddItem(std::string text);
   void RemoveItem(int16_t index);
+  // Removes the entries at the given ascending indices in one pass; the rest keep order.
+  void RemoveItems(const std::vector<int16_t>& ascendingIndices);
   void Clear() { items_.clear(); }
 
   const std::vector<std::string>& items() const { return items_; }

@@ -1,0 +1,70 @@
+#include "board/cell_text.h"
+
+#include <limits>
+#include <string_view>
+#include <vector>
+
+namespace tavlero {
+
+namespace {
+
+// The pieces of a text, joined, give the text again. A period or a comma breaks only
+// ahead of the first blank of the rest, so the search for them stops there.
+std::vector<std::string_view> splitPieces(std::string_view text) {
+  std::vector<std::string_view> pieces;
+  std::string_view rest = text;
+  for (;;) {
+    size_t blank = rest.find(' ');
+    if (blank == std::string_view::npos) {
+      pieces.push_back(rest);
+      return pieces;
+    }
+    size_t end = blank;
+    size_t period = rest.substr(0, blank).find('.');
+    if (period != std::string_view::npos) end = period;
+    size_t comma = rest.substr(0, end).find(',');
+    if (comma != std::string_view::npos) end = comma;
+    pieces.push_back(rest.substr(0, end + 1));
+    rest.remove_prefix(end + 1);
+  }
+}
+
+}  // namespace
+
+int16_t countTextPieces(const std::string& text) {
+  size_t count = splitPieces(text).size();
+  return static_cast<int16_t>(std::min<size_t>(count, std::numeric_limits<int16_t>::max()));
+}
+
+std::string textPiece(const std::string& text, int16_t n) {
+  auto pieces = splitPieces(text);
+  size_t index = n < 1 ? 0 : std::min<size_t>(static_cast<size_t>(n), pieces.size()) - 1;
+  return std::string(pieces[index]);
+}
+
+float layoutCellText(Surface& canvas, const std::string& text, float width, float y, bool draw) {
+  float leftMargin = canvas.CurrentX;
+  canvas.CurrentY = y;
+  std::string line;
+  size_t fitting = 0;  // length of the last fitting line, a prefix of line
+  for (std::string_view piece : splitPieces(text)) {
+    line.append(piece);
+    // A first piece wider than the cell has nothing to break off: it stays on the
+    // first line and reaches over the right side, with no empty line above it.
+    if (fitting > 0 && canvas.TextWidth(line) > width) {
+      std::string done = line.substr(0, fitting);
+      if (draw) canvas.Print(done);
+      canvas.CurrentY += canvas.TextHeight(done);
+      canvas.CurrentX = leftMargin;
+      line.erase(0, fitting);
+      if (!line.empty() && line.front() == ' ') line.erase(0, 1);
+    }
+    fitting = line.size();
+  }
+  if (draw) canvas.Print(line);
+  canvas.CurrentY += canvas.TextHeight(line);
+  canvas.CurrentX = leftMargin;
+  return canvas.CurrentY;
+}
+
+}  // namespace tavlero

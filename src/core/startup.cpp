@@ -1,0 +1,78 @@
+#include "core/startup.h"
+
+#include <filesystem>
+
+#include "board/board.h"
+#include "core/cp1252.h"
+#include "files/project_file.h"
+#include "files/settings.h"
+#include "files/project_commands.h"
+
+namespace tavlero {
+
+std::string folderOf(const std::string& path) {
+  size_t separator = path.find_last_of(static_cast<char>(std::filesystem::path::preferred_separator));
+  return separator == std::string::npos ? std::string() : path.substr(0, separator + 1);
+}
+
+bool Form_Load(App& app, const std::string& programPath, const std::string& commandLine) {
+  ProjectStore& store = app.store;
+  Surface& canvas = app.canvas;
+  store.appFolder = folderOf(programPath);
+  store.settingsPath = store.appFolder + "tavlero.cfg";
+  store.commandLine = commandLine;
+  store.clearLongDescriptions();
+  store.zoomFactor = 2.0f;
+  store.minimumCellWidth = 25.0f;
+  store.maximumCellWidth = 50.0f;
+  store.nameFontSize = 6;
+  store.infoFontSize = 4;
+  canvas.setDrawWidth(1);
+  store.fontName = "Arial";
+  store.selectedCell = -1;
+  store.selectedLink = -1;
+  store.currentColor = 16777215;
+  store.currentFillStyle = 0;
+  store.doubleDraw = true;
+  store.htmlTableColumns = 5;
+  store.fieldSeparator = "\r\n\t";
+  app.ui.DoEvents();
+  canvas.setWidth(app.ui.mainScaleWidth());
+  canvas.setHeight(app.ui.mainScaleHeight());
+  store.isSaved = true;
+  store.actionKey = "k";
+  store.quoteChar = "\"";
+  loadSettings(app);
+  // The pair sets the scale of the canvas (a unit of zoomFactor millimetres) and draws
+  // the empty board; the zoom ends where it began.
+  zoomIn(app);
+  zoomOut(app);
+
+  std::string path = store.commandLine;
+  if (path.empty()) return true;
+  // A leading quote takes the last character with it, whatever that is.
+  bool ok = true;
+  if (path.front() == '"') {
+    if (path.size() < 2) ok = false;
+    else path = path.substr(1, path.size() - 2);
+  }
+  if (ok) ok = readProject(app, path);
+  if (ok) return true;
+  app.ui.MsgBox("En feil oppstod under åpning av filen: '"_cp + utf8ToCp1252(path) + "'", MsgButtons::OK,
+                MsgIcon::Critical, "Gale parametre");
+  return false;
+}
+
+void Form_GotFocus(App& app) { app.canvas.SetFocus(); }
+
+bool Form_QueryUnload(App& app) {
+  if (app.store.isSaved) return true;
+  MsgResult answer =
+      app.ui.MsgBox("Du har gjort endringer siden du sist lagret. Vil du lagre før du avslutter?"_cp,
+                    MsgButtons::YesNoCancel, MsgIcon::Exclamation, "Advarsel");
+  if (answer == MsgResult::Cancel) return false;
+  if (answer == MsgResult::Yes) saveProject_Click(app);
+  return true;
+}
+
+}  // namespace tavlero
