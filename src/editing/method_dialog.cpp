@@ -1,0 +1,140 @@
+#include "editing/method_dialog.h"
+
+#include <string>
+
+#include "board/board.h"
+#include "core/cp1252.h"
+#include "core/record.h"
+
+namespace tavlero {
+
+namespace {
+
+// Replaces a link's field when it names the old name exactly.
+void renameInLink(StringList& links, int16_t index, const char* key, const std::string& oldName,
+                  const std::string& newName) {
+  const std::string& record = links.List(index);
+  if (getField(record, key) == oldName) links.setList(index, setField(record, key, newName));
+}
+
+std::string cellRecord(const ProjectStore& store, const std::string& positionX, const std::string& positionY,
+                       const std::string& name, const std::string& summary, const std::string& color,
+                       const std::string& fill, const std::string& beforeColor) {
+  const std::string& sep = store.fieldSeparator;
+  return "<positionX>" + positionX + "</positionX>" + sep + "<positionY>" + positionY + "</positionY>" + sep +
+         "<methodName>" + name + "</methodName>" + sep + "<shortDescription>" + summary +
+         "</shortDescription>" + beforeColor + "<cellColor>" + color + "</cellColor>" + sep +
+         "<cellFillStyle>" + fill + "</cellFillStyle>";
+}
+
+void showError(App& app, const std::string& text) {
+  app.addMethodForm->setErrorLabel(text, true);
+  app.ui.Beep();
+}
+
+bool nameExists(const ProjectStore& store, const std::string& name) {
+  for (const std::string& record : store.itemList.items())
+    if (getField(record, "methodName") == name) return true;
+  return false;
+}
+
+// True when the cell was added; false, with the dialog still open, when it was refused.
+bool addCell(App& app, const MethodFormView& form) {
+  ProjectStore& store = app.store;
+  std::string name = form.methodName();
+  if (nameExists(store, name)) {
+    showError(app, "Feil:Navnet eksisterer allerede! Bytt navn...");
+    return false;
+  }
+  // The table of long descriptions has one slot per method and nothing beyond it.
+  if (store.itemList.ListCount() >= ProjectStore::kMaxMethods) {
+    showError(app, "Feil: Planen har allerede 32001 metoder og kan ikke ta flere!");
+    return false;
+  }
+  store.itemList.AddItem(cellRecord(store, numberToText(store.lastMouseX), numberToText(store.lastMouseY),
+                                    name, form.shortDescription(), numberToText(store.currentColor),
+                                    numberToText(store.currentFillStyle), store.fieldSeparator));
+  store.setLongDescription(static_cast<int16_t>(store.itemList.ListCount() - 1), form.longDescription());
+  store.sizeList.AddItem("X1: 0 Y1: 0 X2: 0 Y2: 0");
+  store.markChanged();
+  return true;
+}
+
+void editCell(App& app, const MethodFormView& form) {
+  ProjectStore& store = app.store;
+  int16_t cell = store.selectedCell;
+  const std::string old = store.itemList.List(cell);
+  std::string oldName = getField(old, "methodName");
+  std::string newName = form.methodName();
+  // The links follow the name first, while the old record still tells what it was;
+  // otherwise the next redraw would sweep them out as links to a missing cell.
+  for (int16_t i = 0; i < store.linkList.ListCount(); ++i) {
+    renameInLink(store.linkList, i, "linkSource", oldName, newName);
+    renameInLink(store.linkList, i, "linkTarget", oldName, newName);
+  }
+  // An edited record has no separator between the summary and the colour; files written
+  // afterwards show it, the field search does not care.
+  store.itemList.setList(cell, cellRecord(store, getField(old, "positionX"), getField(old, "positionY"),
+                                          newName, form.shortDescription(), getField(old, "cellColor"),
+                                          getField(old, "cellFillStyle"), ""));
+  store.setLongDescription(cell, form.longDescription());
+  store.markChanged();
+}
+
+// main stays disabled while the form is open, so the selection cannot change under it.
+void openForm(App& app, bool editSelected) {
+  if (app.addMethodForm) return;
+  app.ui.setMainEnabled(false);
+  app.addMethodForm = app.forms.makeMethodForm();
+  MethodFormView& form = *app.addMethodForm;
+  form.Show();
+  if (editSelected) {
+    const ProjectStore& store = app.store;
+    const std::string& record = store.itemList.List(store.selectedCell);
+    form.setTexts(getField(record, "methodName"), getField(record, "shortDescription"),
+                  store.getField(record, "longDescription"));
+    form.setCaption("Redigere metode");
+  }
+  form.focusNameSelectAll();
+}
+
+}  // namespace
+
+void openAddMethodForm(App& app) {
+  openForm(app, false);
+}
+
+void canvas_DblClick(App& app) {
+  openForm(app, app.store.selectedCell != -1);
+}
+
+void addMethodForm_Command2_Click(App& app) {
+  if (!app.addMethodForm) return;
+  const MethodFormView& form = *app.addMethodForm;
+  if (form.methodName().empty()) {
+    showError(app, "Feil: Metoden må ha et navn!"_cp);
+    return;
+  }
+  if (app.store.selectedCell == -1) {
+    if (!addCell(app, form)) return;
+  } else {
+    editCell(app, form);
+  }
+  addMethodForm_Command1_Click(app);
+  redrawBoard(app);
+}
+
+void addMethodForm_Command1_Click(App& app) {
+  app.ui.setMainEnabled(true);
+  app.ui.focusMain();
+  // Taken out first, so that a close that the discarding itself raises finds the form gone.
+  if (auto form = std::move(app.addMethodForm)) form->Unload();
+}
+
+void addMethodForm_longDescription_GotFocus(App& app) {
+  // Enter makes a new line in the description instead of pressing OK, for the rest of
+  // this opening.
+  if (app.addMethodForm) app.addMethodForm->setOkDefault(false);
+}
+
+}  // namespace tavlero
