@@ -1,0 +1,59 @@
+#include "board/compress.h"
+
+#include "board/board.h"
+#include "core/record.h"
+
+namespace tavlero {
+
+namespace {
+
+constexpr float kMargin = 10.0f;
+
+float positionOf(const std::string& record, std::string_view key) {
+  return toSingle(textToNumber(getField(record, key)));
+}
+
+}  // namespace
+
+void shiftBoard(App& app, float dx, float dy) {
+  StringList& items = app.store.itemList;
+  for (int16_t i = 0; i < items.ListCount(); ++i) {
+    float x = positionOf(items.List(i), "positionX") + dx;
+    items.setList(i, setField(items.List(i), "positionX", numberToText(x)));
+    // Read again: the first replacement may have moved what the second one finds.
+    float y = positionOf(items.List(i), "positionY") + dy;
+    items.setList(i, setField(items.List(i), "positionY", numberToText(y)));
+  }
+}
+
+void compressBoard(App& app) {
+  const StringList& items = app.store.itemList;
+  if (items.ListCount() == 0) return;
+  // The smallest start at the surface's size in millimetres: merely large numbers.
+  float smallestX = app.canvas.Width();
+  float smallestY = app.canvas.Height();
+  float largestX = 0;
+  float largestY = 0;
+  for (const std::string& record : items.items()) {
+    float x = positionOf(record, "positionX");
+    float y = positionOf(record, "positionY");
+    if (x < smallestX) smallestX = x;
+    if (y < smallestY) smallestY = y;
+    if (x > largestX) largestX = x;
+    if (y > largestY) largestY = y;
+  }
+  shiftBoard(app, kMargin - smallestX, kMargin - smallestY);
+  const float zoom = app.store.zoomFactor;
+  const float room = app.store.maximumCellWidth * zoom;
+  app.canvas.setHeight(largestY * zoom - smallestY * zoom + room);
+  app.canvas.setWidth(largestX * zoom - smallestX * zoom + room);
+  app.ui.DoEvents();
+}
+
+void compress_Click(App& app) {
+  compressBoard(app);
+  app.canvas.Cls();
+  redrawBoard(app);
+}
+
+}  // namespace tavlero

@@ -1,0 +1,116 @@
+#include "files/project_text.h"
+
+#include "core/record.h"
+
+namespace tavlero {
+
+namespace {
+
+constexpr std::string_view kEnd = "\r\n";
+
+void appendLine(std::string& out, std::string_view open, std::string_view value, std::string_view close) {
+  out.append(open).append(value).append(close).append(kEnd);
+}
+
+}  // namespace
+
+std::string_view trimRecord(std::string_view record) {
+  size_t first = record.find('<');
+  size_t last = record.rfind('>');
+  if (first != std::string_view::npos && last != std::string_view::npos && first <= last)
+    return record.substr(first, last - first + 1);
+  // No tag at all: the text itself, less the white space round it.
+  constexpr std::string_view kBlank = " \t\r\n";
+  size_t begin = record.find_first_not_of(kBlank);
+  if (begin == std::string_view::npos) return {};
+  return record.substr(begin, record.find_last_not_of(kBlank) - begin + 1);
+}
+
+std::string projectFileText(const ProjectStore& store) {
+  std::string out;
+  size_t estimate = 512 + store.programName.size() + store.programDescription.size();
+  for (int16_t i = 0; i < store.itemList.ListCount(); ++i)
+    estimate += 64 + store.itemList.List(i).size() + store.getLongDescription(i).size();
+  for (const auto& link : store.linkList.items()) estimate += 32 + link.size();
+  out.reserve(estimate);
+
+  out.append("<?xml version=\"1.0\"?>").append(kEnd);
+  appendLine(out, "<projectName>", store.programName, "</projectName>");
+  appendLine(out, "<projectDescription>", store.programDescription, "</projectDescription>");
+  appendLine(out, "<minimumCellWidth>", numberToText(store.minimumCellWidth), "</minimumCellWidth>");
+  appendLine(out, "<maximumCellWidth>", numberToText(store.maximumCellWidth), "</maximumCellWidth>");
+  appendLine(out, "<nameFontSize>", numberToText(store.nameFontSize), "</nameFontSize>");
+  appendLine(out, "<infoFontSize>", numberToText(store.infoFontSize), "</infoFontSize>");
+  appendLine(out, "<fontName>", store.fontName, "</fontName>");
+  for (int16_t i = 0; i < store.itemList.ListCount(); ++i) {
+    out.append("<userMethod>").append(kEnd);
+    appendLine(out, "\t", trimRecord(store.itemList.List(i)), "");
+    appendLine(out, "\t<longDescription>", store.getLongDescription(i), "</longDescription>");
+    out.append("</userMethod>").append(kEnd);
+  }
+  out.append(kEnd).append(kEnd);
+  for (const auto& link : store.linkList.items()) {
+    out.append("<userLink>").append(kEnd);
+    appendLine(out, "\t", trimRecord(link), "");
+    out.append("</userLink>").append(kEnd);
+  }
+  return out;
+}
+
+size_t ElementScanner::Finder::from(std::string_view text, size_t offset) {
+  // The offset only grows: a tag found at or behind it is still the first one.
+  if (!known || (found != std::string_view::npos && found < offset)) {
+    found = text.find(tag, offset);
+    known = true;
+  }
+  return found;
+}
+
+ElementScanner::ElementScanner(std::string_view text, std::string_view key, size_t skipBehind)
+    : text_(text), skipBehind_(skipBehind) {
+  open_.tag.append("<").append(key).append(">");
+  close_.tag.append("</").append(key).append(">");
+}
+
+std::string_view ElementScanner::next() {
+  if (offset_ >= text_.size()) return {};
+  size_t openPos = open_.from(text_, offset_);
+  size_t closePos = close_.from(text_, offset_);
+  // Without an opening tag the search counts from the start of the text left, as getField.
+  size_t start =
+      openPos == std::string_view::npos ? offset_ + open_.tag.size() - 1 : openPos + open_.tag.size();
+  if (closePos == std::string_view::npos || closePos <= start) {
+    offset_ = text_.size();
+    return {};
+  }
+  offset_ = closePos + close_.tag.size() + skipBehind_;
+  return text_.substr(start, closePos - start);
+}
+
+MethodParts splitMethod(std::string_view element) {
+  constexpr std::string_view kOpenText = "<longDescription";
+  constexpr std::string_view kCloseTag = "</longDescription>";
+  MethodParts parts;
+  size_t cutStart = element.find(kOpenText);
+  if (cutStart == std::string_view::npos) {
+    parts.hasLongDescription = false;
+    parts.record = element;
+    return parts;
+  }
+  size_t closePos = element.find(kCloseTag);
+  if (closePos == std::string_view::npos) {
+    parts.closedLongDescription = false;
+    std::string_view rest = element.substr(cutStart + kOpenText.size());
+    if (!rest.empty() && rest.front() == '>') rest.remove_prefix(1);
+    parts.longDescription = rest;
+    parts.record = element.substr(0, cutStart);
+    return parts;
+  }
+  parts.longDescription = getField(element, "longDescription");
+  size_t cutEnd = closePos + kCloseTag.size();
+  parts.record.reserve(cutStart + element.size() - cutEnd);
+  parts.record.append(element.substr(0, cutStart)).append(element.substr(cutEnd));
+  return parts;
+}
+
+}  // namespace tavlero

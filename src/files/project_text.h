@@ -1,0 +1,65 @@
+#pragma once
+// The text work of the .tvl file, with no file system and no display: the bytes the
+// writer produces and the tag scanner the reader and the checker share.
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "core/project_store.h"
+
+namespace tavlero {
+
+// The whole file as writeProject writes it.
+std::string projectFileText(const ProjectStore& store);
+
+// A record from its first '<' through its last '>', so that the white space a record
+// read from a file carries round it does not pile up at every save.
+std::string_view trimRecord(std::string_view record);
+
+// One loop of the reader over the userMethod or userLink elements: each round takes
+// getField(workText, key) of the text not yet scanned and cuts that text behind the
+// element's closing tag and skipBehind more characters. The cut is an offset, and the
+// tag searches remember where they found their tag, so a whole file costs linear time.
+class ElementScanner {
+ public:
+  ElementScanner(std::string_view text, std::string_view key, size_t skipBehind);
+
+  // The next element; empty when the loop ends.
+  std::string_view next();
+  // Start of the text not yet scanned, as an index into the whole text.
+  size_t offset() const { return offset_; }
+
+ private:
+  struct Finder {
+    std::string tag;
+    size_t found = 0;
+    bool known = false;
+    size_t from(std::string_view text, size_t offset);
+  };
+
+  std::string_view text_;
+  size_t skipBehind_;
+  size_t offset_ = 0;
+  Finder open_;
+  Finder close_;
+};
+
+// A userMethod element cut into the cell record and the long description.
+struct MethodParts {
+  std::string record;
+  std::string longDescription;
+  bool hasLongDescription = true;     // the element held "<longDescription"
+  bool closedLongDescription = true;  // and "</longDescription>"
+};
+
+// The record is the element less "<longDescription" through "</longDescription>", the
+// white space round them staying; the long description is the tag search's. Without the
+// opening text the record keeps the whole element; without the closing tag the long
+// description runs to the element's end, so nothing of it is lost.
+MethodParts splitMethod(std::string_view element);
+
+inline constexpr size_t kSkipBehindMethod = 1;  // the character behind </userMethod>
+inline constexpr size_t kSkipBehindLink = 0;
+
+}  // namespace tavlero

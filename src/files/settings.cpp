@@ -1,0 +1,104 @@
+#include "files/settings.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cctype>
+#include <optional>
+
+#include "core/record.h"
+#include "files/save_file.h"
+
+namespace tavlero {
+
+namespace {
+
+constexpr std::string_view kDefaultSettings =
+    "<?xml version=\"1.0\"?>\r\n"
+    "<minimumCellWidth>25</minimumCellWidth>\r\n"
+    "<maximumCellWidth>50</maximumCellWidth>\r\n"
+    "<nameFontSize>6</nameFontSize>\r\n"
+    "<infoFontSize>4</infoFontSize>\r\n"
+    "<fontName>Arial</fontName>\r\n"
+    "<doubleDraw>True</doubleDraw>\r\n"
+    "<actionKey>k</actionKey>\r\n";
+
+bool equalsIgnoringCase(std::string_view text, std::string_view word) {
+  if (text.size() != word.size()) return false;
+  for (size_t i = 0; i < text.size(); ++i)
+    if (std::tolower(static_cast<unsigned char>(text[i])) != word[i]) return false;
+  return true;
+}
+
+// A plain decimal number, as a Boolean conversion accepts one: sign, digits with at
+// most one point, an exponent.
+bool isNumber(std::string_view text) {
+  size_t i = 0;
+  auto digits = [&] {
+    size_t begin = i;
+    while (i < text.size() && std::isdigit(static_cast<unsigned char>(text[i]))) ++i;
+    return i - begin;
+  };
+  if (i < text.size() && (text[i] == '+' || text[i] == '-')) ++i;
+  size_t count = digits();
+  if (i < text.size() && text[i] == '.') {
+    ++i;
+    count += digits();
+  }
+  if (count == 0) return false;
+  if (i < text.size() && (text[i] == 'e' || text[i] == 'E')) {
+    ++i;
+    if (i < text.size() && (text[i] == '+' || text[i] == '-')) ++i;
+    if (digits() == 0) return false;
+  }
+  return i == text.size();
+}
+
+// "True" and "False" in any case, or a number where 0 is False; nothing for other text.
+std::optional<bool> booleanOf(std::string_view text) {
+  size_t begin = text.find_first_not_of(' ');
+  if (begin == std::string_view::npos) return std::nullopt;
+  text = text.substr(begin, text.find_last_not_of(' ') - begin + 1);
+  if (equalsIgnoringCase(text, "true")) return true;
+  if (equalsIgnoringCase(text, "false")) return false;
+  if (isNumber(text)) return textToNumber(text) != 0;
+  return std::nullopt;
+}
+
+// The settings file's bytes, made with the defaults when it is missing or empty.
+// Nothing when it cannot be made or read.
+std::optional<std::string> settingsText(App& app) {
+  const std::string& path = app.store.settingsPath;
+  int fd = ::open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666);
+  if (fd < 0) return std::nullopt;
+  ::close(fd);
+  std::string text;
+  if (!readWholeFile(path, text)) return std::nullopt;
+  if (text.empty()) {
+    writeDefaultSettings(app);
+    if (!readWholeFile(path, text)) return std::nullopt;
+  }
+  return text;
+}
+
+}  // namespace
+
+void loadSettings(App& app) {
+  std::optional<std::string> text = settingsText(app);
+  if (!text) return;
+  ProjectStore& store = app.store;
+  store.minimumCellWidth = toSingle(textToNumber(getField(*text, "minimumCellWidth")));
+  store.maximumCellWidth = toSingle(textToNumber(getField(*text, "maximumCellWidth")));
+  store.nameFontSize = toInteger(textToNumber(getField(*text, "nameFontSize")));
+  store.infoFontSize = toInteger(textToNumber(getField(*text, "infoFontSize")));
+  store.fontName = getField(*text, "fontName");
+  if (std::optional<bool> value = booleanOf(getField(*text, "doubleDraw"))) store.doubleDraw = *value;
+  store.actionKey = getField(*text, "actionKey");
+}
+
+void writeDefaultSettings(App& app) {
+  std::string error;
+  saveFileAtomically(app.store.settingsPath, kDefaultSettings, error);
+}
+
+}  // namespace tavlero
