@@ -109,8 +109,8 @@ void drawLinkWith(App& app, int16_t index, const NameIndex* names) {
       x1 = s.x1, y1 = sourceY, x2 = t.x2, y2 = targetY;
       break;
   }
-  store.linkSizeList.setList(index,
-                             geometryRecord(numberToText(x1), numberToText(y1), numberToText(x2), numberToText(y2)));
+  store.linkSizeList.setList(
+      index, geometryRecord(numberToText(x1), numberToText(y1), numberToText(x2), numberToText(y2)));
   canvas.Line(x1, y1, x2, y2);
 
   const std::string& sourceRecord = store.itemList.List(source);
@@ -186,12 +186,15 @@ void drawCell(App& app, int16_t index) {
   layoutCellText(canvas, summary, cellWidth, canvas.CurrentY, true);
 
   double right = static_cast<double>(positionX) + static_cast<double>(cellWidth) + 1;
-  store.sizeList.setList(index, geometryRecord(numberToText(offsetBy(positionX, -1)), numberToText(offsetBy(positionY, -1)),
-                                               numberToText(right), numberToText(belowSummary + 1)));
+  store.sizeList.setList(
+      index, geometryRecord(numberToText(offsetBy(positionX, -1)), numberToText(offsetBy(positionY, -1)),
+                            numberToText(right), numberToText(belowSummary + 1)));
   canvas.ForeColor = 0;
 }
 
-void drawLink(App& app, int16_t index) { drawLinkWith(app, index, nullptr); }
+void drawLink(App& app, int16_t index) {
+  drawLinkWith(app, index, nullptr);
+}
 
 int16_t linkDirection(float sourceX, float sourceY, float targetX, float targetY) {
   float dx = std::fabs(targetX - sourceX);
@@ -248,6 +251,8 @@ void zoomOut(App& app) {
   zoomBy(app, -0.5f);
 }
 
-void resetview_Click(App& app) { app.canvas.Move(0, 0); }
+void resetview_Click(App& app) {
+  app.canvas.Move(0, 0);
+}
 
 }  // namespace tavlero

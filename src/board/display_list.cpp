@@ -14,7 +14,9 @@ void DisplayList::clear() {
   indexed_ = 0;
 }
 
-void DisplayList::add(const DrawOp& op) { ops_.push_back(op); }
+void DisplayList::add(const DrawOp& op) {
+  ops_.push_back(op);
+}
 
 uint32_t DisplayList::addText(std::string text) {
   texts_.push_back(std::move(text));

@@ -58,7 +58,9 @@ class DisplayList {
 
  private:
   static constexpr float kBucket = 64.0f;  // board units per grid cell
-  static int64_t key(int32_t bx, int32_t by) { return (static_cast<int64_t>(bx) << 32) ^ static_cast<uint32_t>(by); }
+  static int64_t key(int32_t bx, int32_t by) {
+    return (static_cast<int64_t>(bx) << 32) ^ static_cast<uint32_t>(by);
+  }
   void index(uint32_t opIndex) const;
   void rebuildIndexIfNeeded() const;
 

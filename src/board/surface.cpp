@@ -7,8 +7,12 @@ namespace tavlero {
 namespace {
 // A unit length must stay positive and finite, whatever a damaged file or a setting
 // asked for, or every later conversion would divide by zero.
-float safeUnit(float unit, float fallback) { return (std::isfinite(unit) && unit > 0) ? unit : fallback; }
-float safeSize(float mm) { return std::isfinite(mm) ? std::fmax(mm, 0.0f) : 0.0f; }
+float safeUnit(float unit, float fallback) {
+  return (std::isfinite(unit) && unit > 0) ? unit : fallback;
+}
+float safeSize(float mm) {
+  return std::isfinite(mm) ? std::fmax(mm, 0.0f) : 0.0f;
+}
 }  // namespace
 
 void Surface::setWidth(float mm) {
@@ -50,17 +54,23 @@ void Surface::addOp(DrawKind kind, float x1, float y1, float x2, float y2) {
   imageAdded(DisplayList::bounds(op));
 }
 
-void Surface::Line(float x1, float y1, float x2, float y2) { addOp(DrawKind::Line, x1, y1, x2, y2); }
+void Surface::Line(float x1, float y1, float x2, float y2) {
+  addOp(DrawKind::Line, x1, y1, x2, y2);
+}
 
-void Surface::Box(float x1, float y1, float x2, float y2) { addOp(DrawKind::Box, x1, y1, x2, y2); }
+void Surface::Box(float x1, float y1, float x2, float y2) {
+  addOp(DrawKind::Box, x1, y1, x2, y2);
+}
 
-void Surface::Circle(float x, float y, float radius) { addOp(DrawKind::Circle, x, y, radius, 0); }
+void Surface::Circle(float x, float y, float radius) {
+  addOp(DrawKind::Circle, x, y, radius, 0);
+}
 
 void Surface::Print(const std::string& text) {
   float width = TextWidth(text);
   float height = TextHeight(text);
-  DrawOp op{DrawKind::Text, CurrentX, CurrentY, CurrentX + width, CurrentY + height, ForeColor, FillColor,
-            FillStyle, DrawStyle, drawWidth_};
+  DrawOp op{DrawKind::Text, CurrentX,  CurrentY,  CurrentX + width, CurrentY + height,
+            ForeColor,      FillColor, FillStyle, DrawStyle,        drawWidth_};
   op.text = image_.addText(text);
   op.font = image_.addFont(Font);
   image_.add(op);

@@ -64,7 +64,8 @@ void ProjectStore::removeLongDescription(int16_t index) {
   int last = std::min<int>(itemList.ListCount(), kLongDescriptionSlots - 2);
   for (int i = index; i < last; ++i)
     longDescriptions_[static_cast<size_t>(i)] = std::move(longDescriptions_[static_cast<size_t>(i) + 1]);
-  if (index <= last) longDescriptions_[static_cast<size_t>(last)] = longDescriptions_[static_cast<size_t>(last) + 1];
+  if (index <= last)
+    longDescriptions_[static_cast<size_t>(last)] = longDescriptions_[static_cast<size_t>(last) + 1];
 }
 
 void ProjectStore::clearLongDescriptions() {

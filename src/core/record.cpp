@@ -67,8 +67,12 @@ std::string formatFloat(double value, int precision) {
   return sign + result;
 }
 
-bool isSkipped(char c) { return c == ' ' || c == '\t' || c == '\n'; }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isSkipped(char c) {
+  return c == ' ' || c == '\t' || c == '\n';
+}
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 }  // namespace
 
@@ -94,16 +98,22 @@ std::string setField(std::string_view record, std::string_view key, std::string_
   return result;
 }
 
-std::string numberToText(int16_t value) { return numberToText(static_cast<int32_t>(value)); }
+std::string numberToText(int16_t value) {
+  return numberToText(static_cast<int32_t>(value));
+}
 
 std::string numberToText(int32_t value) {
   std::string digits = std::to_string(static_cast<int64_t>(value));
   return value < 0 ? digits : " " + digits;
 }
 
-std::string numberToText(float value) { return formatFloat(static_cast<double>(value), 7); }
+std::string numberToText(float value) {
+  return formatFloat(static_cast<double>(value), 7);
+}
 
-std::string numberToText(double value) { return formatFloat(value, 15); }
+std::string numberToText(double value) {
+  return formatFloat(value, 15);
+}
 
 double textToNumber(std::string_view text) {
   std::string clean;
@@ -149,7 +159,8 @@ double textToNumber(std::string_view text) {
     if (expDigit) clean += exponent;
   }
   double result = std::strtod(clean.c_str(), nullptr);
-  if (std::isinf(result)) return result > 0 ? std::numeric_limits<double>::max() : -std::numeric_limits<double>::max();
+  if (std::isinf(result))
+    return result > 0 ? std::numeric_limits<double>::max() : -std::numeric_limits<double>::max();
   return result;
 }
 

@@ -4,9 +4,9 @@
 
 #include "board/board.h"
 #include "core/cp1252.h"
+#include "files/project_commands.h"
 #include "files/project_file.h"
 #include "files/settings.h"
-#include "files/project_commands.h"
 
 namespace tavlero {
 
@@ -53,8 +53,10 @@ bool Form_Load(App& app, const std::string& programPath, const std::string& comm
   // A leading quote takes the last character with it, whatever that is.
   bool ok = true;
   if (path.front() == '"') {
-    if (path.size() < 2) ok = false;
-    else path = path.substr(1, path.size() - 2);
+    if (path.size() < 2)
+      ok = false;
+    else
+      path = path.substr(1, path.size() - 2);
   }
   if (ok) ok = readProject(app, path);
   if (ok) return true;
@@ -63,7 +65,9 @@ bool Form_Load(App& app, const std::string& programPath, const std::string& comm
   return false;
 }
 
-void Form_GotFocus(App& app) { app.canvas.SetFocus(); }
+void Form_GotFocus(App& app) {
+  app.canvas.SetFocus();
+}
 
 bool Form_QueryUnload(App& app) {
   if (app.store.isSaved) return true;

@@ -20,8 +20,9 @@ void addLink(App& app, int16_t source, int16_t target) {
     if (existing == record) return;
   if (store.linkList.ListCount() >= ProjectStore::kMaxLinks) {
     app.ui.Beep();
-    app.ui.MsgBox("Planen har allerede 32767 koblinger, som er det meste den kan holde. Koblingen ble ikke laget."_cp,
-                  MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
+    app.ui.MsgBox(
+        "Planen har allerede 32767 koblinger, som er det meste den kan holde. Koblingen ble ikke laget."_cp,
+        MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
     return;
   }
   store.linkList.AddItem(std::move(record));

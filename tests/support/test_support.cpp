@@ -10,7 +10,8 @@
 
 namespace tavlero::testing {
 
-MsgResult FakeUi::MsgBox(const std::string& prompt, MsgButtons buttons, MsgIcon icon, const std::string& title) {
+MsgResult FakeUi::MsgBox(const std::string& prompt, MsgButtons buttons, MsgIcon icon,
+                         const std::string& title) {
   messages.push_back({prompt, buttons, icon, title});
   if (!answers.empty()) {
     MsgResult next = answers.front();
@@ -120,13 +121,13 @@ std::unique_ptr<AboutView> FakeForms::makeAboutForm() {
   return form;
 }
 
-int16_t FakeWorld::addCell(const std::string& name, float x, float y, const std::string& summary, int32_t color,
-                           int32_t fill, const std::string& longDescription) {
+int16_t FakeWorld::addCell(const std::string& name, float x, float y, const std::string& summary,
+                           int32_t color, int32_t fill, const std::string& longDescription) {
   auto& store = app.store;
   const std::string& sep = store.fieldSeparator;
-  std::string record = "<positionX>" + numberToText(x) + "</positionX>" + sep + "<positionY>" + numberToText(y) +
-                       "</positionY>" + sep + "<methodName>" + name + "</methodName>" + sep +
-                       "<shortDescription>" + summary + "</shortDescription>" + sep + "<cellColor>" +
+  std::string record = "<positionX>" + numberToText(x) + "</positionX>" + sep + "<positionY>" +
+                       numberToText(y) + "</positionY>" + sep + "<methodName>" + name + "</methodName>" +
+                       sep + "<shortDescription>" + summary + "</shortDescription>" + sep + "<cellColor>" +
                        numberToText(color) + "</cellColor>" + sep + "<cellFillStyle>" + numberToText(fill) +
                        "</cellFillStyle>";
   store.itemList.AddItem(record);
@@ -164,6 +165,8 @@ void writeFile(const std::string& path, const std::string& bytes) {
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
-std::string dataPath(const std::string& relative) { return std::string(TAVLERO_TEST_DATA) + "/" + relative; }
+std::string dataPath(const std::string& relative) {
+  return std::string(TAVLERO_TEST_DATA) + "/" + relative;
+}
 
 }  // namespace tavlero::testing

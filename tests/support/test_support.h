@@ -32,10 +32,11 @@ class FakeUi : public Ui {
   int refreshCalls = 0;
   int demoChanges = 0;
   bool ended = false;
-  float clientWidth = 255.9375f;  // 14505 twips
+  float clientWidth = 255.9375f;   // 14505 twips
   float clientHeight = 173.6042f;  // 9840 twips
 
-  MsgResult MsgBox(const std::string& prompt, MsgButtons buttons, MsgIcon icon, const std::string& title) override;
+  MsgResult MsgBox(const std::string& prompt, MsgButtons buttons, MsgIcon icon,
+                   const std::string& title) override;
   void Beep() override { ++beeps; }
   void setCaption(const std::string& caption) override { captionText = caption; }
   std::string caption() const override { return captionText; }
