@@ -1,0 +1,86 @@
+#pragma once
+// The canvas on Qt: text measured with the machine's real fonts, and a listener (the
+// canvas widget) told of every change. It needs no widget, so the headless tool and
+// the tests draw on it under the offscreen platform.
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QPaintDevice>
+#include <QString>
+#include <string>
+#include <vector>
+
+#include "board/surface.h"
+
+namespace tavlero {
+
+// The widget that shows a surface; told of every change so it can follow.
+class SurfaceListener {
+ public:
+  virtual void surfaceGeometryChanged() = 0;
+  virtual void surfaceImageCleared() = 0;
+  virtual void surfaceImageAdded(const BoardRect& bounds) = 0;
+  virtual void surfaceFocusRequested() = 0;
+
+ protected:
+  ~SurfaceListener() = default;
+};
+
+// Windows-1252 text of the logic as a QString.
+QString fromCp1252(const std::string& text);
+
+// A font of the board at a device: Size points at dpi, whatever the device's own
+// resolution, so that measuring and painting agree on every device.
+QFont boardFont(const FontSpec& spec, double dpi, const QPaintDevice& device);
+
+class QtSurface : public Surface {
+ public:
+  // The logical resolution of the primary screen; 96 without one.
+  static double screenDpi();
+
+  explicit QtSurface(double dpi = screenDpi());
+  ~QtSurface() override;
+
+  double dpi() const { return dpi_; }
+  // Pixels per board unit across and down.
+  double pixelsPerUnitX() const { return unitX() * dpi_ / 25.4; }
+  double pixelsPerUnitY() const { return unitY() * dpi_ / 25.4; }
+  double mmToPixels(double mm) const { return mm * dpi_ / 25.4; }
+
+  void setListener(SurfaceListener* listener) { listener_ = listener; }
+
+  float TextWidth(const std::string& text) override;
+  float TextHeight(const std::string& text) override;
+  void SetFocus() override;
+
+ protected:
+  void geometryChanged() override;
+  void imageCleared() override;
+  void imageAdded(const BoardRect& bounds) override;
+
+ private:
+  // A paint device that only reports the resolution, for measuring without a screen.
+  class MeasureDevice : public QPaintDevice {
+   public:
+    explicit MeasureDevice(int dpi) : dpi_(dpi) {}
+    QPaintEngine* paintEngine() const override { return nullptr; }
+
+   protected:
+    int metric(PaintDeviceMetric metric) const override;
+
+   private:
+    int dpi_;
+  };
+  struct MeasuredFont {
+    FontSpec spec;
+    QFontMetricsF metrics;
+  };
+  const QFontMetricsF& metrics();
+
+  double dpi_;
+  MeasureDevice device_;
+  std::vector<MeasuredFont> fonts_;
+  SurfaceListener* listener_ = nullptr;
+};
+
+}  // namespace tavlero
