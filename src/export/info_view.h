@@ -10,7 +10,9 @@ namespace tavlero {
 // The page text: the selected method's section, or the project page.
 std::string buildInfoPage(const ProjectStore& store);
 void showMethodInfo(App& app);
-void methodInfoForm_Command1_Click(App& app);  // OK; also closing by the frame
+void methodInfoForm_Command1_Click(App& app);  // OK: the form is hidden, kept for the next opening
+// Closing by the frame: as OK, and the form is let go; the next opening makes it anew.
+void methodInfoForm_Form_QueryUnload(App& app);
 void methodInfoForm_Form_Resize(App& app);
 
 }  // namespace tavlero

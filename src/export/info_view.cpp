@@ -1,0 +1,92 @@
+#include "export/info_view.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "export/export_file.h"
+#include "export/export_index.h"
+#include "export/html_report.h"
+#include "files/save_file.h"
+
+namespace tavlero {
+
+namespace {
+
+const std::string kPageName = "TavleroTemp.html";
+
+// The form's layout in twips; the resize keeps the browser's place and the button's size.
+constexpr float kBrowserLeft = 120;
+constexpr float kBrowserTop = 120;
+constexpr float kButtonWidth = 1215;
+constexpr float kButtonHeight = 615;
+
+// Back to the closed state when the page can't be made: main must never stay disabled.
+void failOpening(App& app, const std::string& path, const std::string& reason) {
+  app.ui.setMainEnabled(true);
+  showExportFailure(app, path, reason);
+  app.ui.focusMain();
+}
+
+}  // namespace
+
+std::string buildInfoPage(const ProjectStore& store) {
+  ExportIndex index(store);
+  if (store.selectedCell != -1)
+    return "<html><body>" + store.fieldSeparator + buildMethodHtml(store, index, store.selectedCell) +
+           "</body></html>";
+  std::string page = "<html><body><h1>" + store.programName + "</h1><big><pre>" + store.programDescription +
+                     "</pre></big><hr />";
+  for (int16_t i = 0; i < store.itemList.ListCount(); ++i) page += buildMethodHtml(store, index, i);
+  page += "</body></html>";
+  return page;
+}
+
+void showMethodInfo(App& app) {
+  app.ui.setMainEnabled(false);
+  std::string reason;
+  if (!saveFileAtomically(kPageName, buildInfoPage(app.store) + "\r\n", reason)) {
+    failOpening(app, kPageName, reason);
+    return;
+  }
+  std::error_code error;
+  std::string folder = std::filesystem::current_path(error).string();
+  if (error) {
+    std::filesystem::remove(kPageName, error);
+    failOpening(app, kPageName, "Fant ikke gjeldende mappe.");
+    return;
+  }
+  if (folder.empty() || folder.back() != '/') folder += '/';
+  app.store.infoPageFolder = folder;
+
+  if (!app.methodInfoForm) app.methodInfoForm = app.forms.makeMethodInfoForm();
+  app.methodInfoForm->Show();
+  methodInfoForm_Form_Resize(app);
+  app.methodInfoForm->Navigate(app.store.infoPageFolder + kPageName);
+  app.methodInfoForm->SetFocus();
+}
+
+void methodInfoForm_Command1_Click(App& app) {
+  if (!app.methodInfoForm) return;
+  app.ui.setMainEnabled(true);
+  app.ui.focusMain();
+  app.methodInfoForm->Hide();
+  app.methodInfoForm->Navigate("");
+  // A page that something still holds stays behind; there is nothing the user could do.
+  std::error_code ignored;
+  std::filesystem::remove(app.store.infoPageFolder + kPageName, ignored);
+}
+
+void methodInfoForm_Form_QueryUnload(App& app) {
+  methodInfoForm_Command1_Click(app);
+  app.methodInfoForm.reset();
+}
+
+void methodInfoForm_Form_Resize(App& app) {
+  if (!app.methodInfoForm) return;
+  const float width = app.methodInfoForm->formWidth();
+  const float height = app.methodInfoForm->formHeight();
+  app.methodInfoForm->placeButton(width / 2 - kButtonWidth / 2, height - 2 * kButtonHeight);
+  app.methodInfoForm->sizeBrowser(width - 4 * kBrowserLeft, height - 4 * kBrowserTop - 2 * kButtonHeight);
+}
+
+}  // namespace tavlero

@@ -1,0 +1,68 @@
+#include "export/text_scheme.h"
+
+#include "core/cp1252.h"
+#include "export/export_file.h"
+#include "export/export_index.h"
+
+namespace tavlero {
+
+namespace {
+
+const std::string kLineEnd = "\r\n";
+
+// The other end of each link, one entry per link.
+void appendNames(std::string& out, const ExportIndex& index, const std::vector<int16_t>& links,
+                 bool showTarget, const std::string& separator) {
+  for (int16_t link : links) {
+    out += showTarget ? index.linkTarget(link) : index.linkSource(link);
+    out += separator;
+  }
+}
+
+}  // namespace
+
+std::string buildSchemeText(const ProjectStore& store, const ExportIndex& index, int16_t position) {
+  static const std::string kProcedure = "Fremgangsmåte:"_cp;
+  const std::string& sep = store.fieldSeparator;
+  const std::string& name = index.methodName(position);
+  std::string out;
+  out += "Metode: " + name + kLineEnd + kLineEnd;
+  out += "Oppsummering: " + index.shortDescription(position) + kLineEnd + kLineEnd;
+  out += "'" + name + "' benytter:" + sep + sep;
+  appendNames(out, index, index.linksFrom(name), true, sep);
+  out += kLineEnd;
+  out += "'" + name + "' blir brukt av:" + sep + sep;
+  appendNames(out, index, index.linksTo(name), false, sep);
+  out += kLineEnd + kProcedure + kLineEnd;
+  out += index.longDescription(position);
+  out += kLineEnd + kLineEnd + "*************" + kLineEnd;
+  return out;
+}
+
+std::string buildSchemeText(const ProjectStore& store, int16_t index) {
+  return buildSchemeText(store, ExportIndex(store), index);
+}
+
+std::string buildScheme(const ProjectStore& store, bool forFile) {
+  ExportIndex index(store);
+  std::string out;
+  for (int16_t i = 0; i < store.itemList.ListCount(); ++i) {
+    out += buildSchemeText(store, index, i);
+    if (forFile) out += kLineEnd;
+  }
+  return out;
+}
+
+void copySchemeText(App& app) {
+  if (app.store.itemList.ListCount() == 0) return;
+  std::string text = buildScheme(app.store, false);
+  app.clipboard.Clear();
+  app.clipboard.SetText(text);
+}
+
+void saveSchemeText(App& app) {
+  if (auto path = chooseExportPath(app, "Tekstfiler (*.txt)|*.txt", "*.txt"))
+    writeExportFile(app, *path, buildScheme(app.store, true));
+}
+
+}  // namespace tavlero
