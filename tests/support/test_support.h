@@ -9,6 +9,7 @@
 
 #include "board/test_surface.h"
 #include "core/app.h"
+#include "core/startup.h"
 
 namespace tavlero::testing {
 
@@ -32,8 +33,8 @@ class FakeUi : public Ui {
   int refreshCalls = 0;
   int demoChanges = 0;
   bool ended = false;
-  float clientWidth = 255.9375f;   // 14505 twips
-  float clientHeight = 173.6042f;  // 9840 twips
+  float clientWidth = twipsToMillimetres(kMainClientWidthTwips);
+  float clientHeight = twipsToMillimetres(kMainClientHeightTwips);
 
   MsgResult MsgBox(const std::string& prompt, MsgButtons buttons, MsgIcon icon,
                    const std::string& title) override;
