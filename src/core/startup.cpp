@@ -15,11 +15,12 @@ std::string folderOf(const std::string& path) {
   return separator == std::string::npos ? std::string() : path.substr(0, separator + 1);
 }
 
-bool Form_Load(App& app, const std::string& programPath, const std::string& commandLine) {
+bool Form_Load(App& app, const std::string& programPath, const std::string& commandLine,
+               const std::string& settingsPath) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
   store.appFolder = folderOf(programPath);
-  store.settingsPath = store.appFolder + "tavlero.cfg";
+  store.settingsPath = settingsPath.empty() ? store.appFolder + "tavlero.cfg" : settingsPath;
   store.commandLine = commandLine;
   store.clearLongDescriptions();
   store.zoomFactor = 2.0f;

@@ -13,15 +13,19 @@ constexpr float kMainClientHeightTwips = 9840;
 constexpr float kMainLeftTwips = 165;
 constexpr float kMainTopTwips = 615;
 
-constexpr float twipsToMillimetres(float twips) { return twips / 1440.0f * 25.4f; }
+constexpr float twipsToMillimetres(float twips) {
+  return twips / 1440.0f * 25.4f;
+}
 
 // The text up to and with the last folder separator of path; empty without one.
 std::string folderOf(const std::string& path);
 
 // programPath: the full native path of the program file. commandLine: the program's
 // arguments joined by one blank each. Returns false when the program must end (the
-// command line's project could not be read; the message was shown).
-bool Form_Load(App& app, const std::string& programPath, const std::string& commandLine);
+// command line's project could not be read; the message was shown). settingsPath, when
+// not empty, takes the place of tavlero.cfg beside the program (the headless tool's option).
+bool Form_Load(App& app, const std::string& programPath, const std::string& commandLine,
+               const std::string& settingsPath = {});
 
 void Form_GotFocus(App& app);
 
