@@ -6,73 +6,111 @@ namespace tavlero {
 
 namespace {
 const std::string kNoText;
-const std::vector<int16_t> kNoLinks;
 }  // namespace
 
 ExportIndex::ExportIndex(const ProjectStore& store) : store_(store) {
   const auto& items = store.itemList.items();
-  names_.reserve(items.size());
-  summaries_.reserve(items.size());
-  colours_.reserve(items.size());
-  firstEqualRecord_.reserve(items.size());
-  std::unordered_map<std::string_view, int16_t> firstByRecord;
-  for (size_t i = 0; i < items.size(); ++i) {
-    const std::string& record = items[i];
-    names_.push_back(getField(record, "methodName"));
-    summaries_.push_back(getField(record, "shortDescription"));
-    colours_.push_back(toLong(textToNumber(getField(record, "cellColor"))));
-    firstEqualRecord_.push_back(firstByRecord.try_emplace(record, static_cast<int16_t>(i)).first->second);
-  }
-  // Filled only once names_ stops growing: the keys look into its strings.
-  for (size_t i = 0; i < names_.size(); ++i) lastByName_[names_[i]] = static_cast<int16_t>(i);
-
   const auto& links = store.linkList.items();
-  sources_.reserve(links.size());
-  targets_.reserve(links.size());
-  for (const std::string& link : links) {
-    sources_.push_back(getField(link, "linkSource"));
-    targets_.push_back(getField(link, "linkTarget"));
+  // The names are numbered through views into these two vectors, so neither may grow
+  // once numbering starts.
+  methods_.reserve(items.size());
+  for (const std::string& record : items)
+    methods_.push_back({getField(record, "methodName"), getField(record, "shortDescription"),
+                        toLong(textToNumber(getField(record, "cellColor"))), -1, -1});
+  links_.reserve(links.size());
+  for (const std::string& link : links)
+    links_.push_back({getField(link, "linkSource"), getField(link, "linkTarget"), -1, -1});
+
+  for (const Method& method : methods_) textBytes_ += 3 * method.name.size() + method.summary.size();
+  for (const Link& link : links_) textBytes_ += link.source.size() + link.target.size();
+
+  ids_.reserve(methods_.size() + links_.size());
+  // Equal records have equal names, so a record is compared only with the earlier cells
+  // of its name, found through a chain from the first of them.
+  std::vector<int16_t> firstMethodOfName;
+  std::vector<int16_t> nextOfSameName(methods_.size(), -1);
+  for (size_t i = 0; i < methods_.size(); ++i) {
+    Method& method = methods_[i];
+    method.nameId = idOf(method.name);
+    const auto id = static_cast<size_t>(method.nameId);
+    const auto self = static_cast<int16_t>(i);
+    method.firstEqualRecord = self;
+    if (id == firstMethodOfName.size()) {
+      firstMethodOfName.push_back(self);
+      lastMethodOfName_.push_back(self);
+      continue;
+    }
+    for (int16_t earlier = firstMethodOfName[id]; earlier >= 0;
+         earlier = nextOfSameName[static_cast<size_t>(earlier)])
+      if (items[static_cast<size_t>(earlier)] == items[i]) {
+        method.firstEqualRecord = earlier;
+        break;
+      }
+    nextOfSameName[static_cast<size_t>(lastMethodOfName_[id])] = self;
+    lastMethodOfName_[id] = self;
   }
-  for (size_t k = 0; k < links.size(); ++k) {
-    bySource_[sources_[k]].push_back(static_cast<int16_t>(k));
-    byTarget_[targets_[k]].push_back(static_cast<int16_t>(k));
+  for (Link& link : links_) {
+    link.sourceId = idOf(link.source);
+    link.targetId = idOf(link.target);
   }
+  lastMethodOfName_.resize(ids_.size(), -1);  // names that only links use
+  auto empty = ids_.find(std::string_view());
+  if (empty != ids_.end()) emptyNameId_ = empty->second;
+  bySource_ = group(links_, &Link::sourceId, ids_.size());
+  byTarget_ = group(links_, &Link::targetId, ids_.size());
 }
 
-const std::string& ExportIndex::methodName(int16_t index) const {
-  return validCell(index) ? names_[static_cast<size_t>(index)] : kNoText;
+int32_t ExportIndex::idOf(std::string_view name) {
+  return ids_.try_emplace(name, static_cast<int32_t>(ids_.size())).first->second;
 }
 
-const std::string& ExportIndex::shortDescription(int16_t index) const {
-  return validCell(index) ? summaries_[static_cast<size_t>(index)] : kNoText;
+ExportIndex::Groups ExportIndex::group(const std::vector<Link>& links, int32_t Link::*end, size_t names) {
+  Groups groups;
+  groups.start.assign(names + 1, 0);
+  for (const Link& link : links) ++groups.start[static_cast<size_t>(link.*end) + 1];
+  for (size_t g = 0; g < names; ++g) groups.start[g + 1] += groups.start[g];
+  groups.entries.resize(links.size());
+  std::vector<uint32_t> next(groups.start.begin(), groups.start.end() - 1);
+  for (size_t k = 0; k < links.size(); ++k)
+    groups.entries[next[static_cast<size_t>(links[k].*end)]++] = static_cast<int16_t>(k);
+  return groups;
 }
 
-std::string ExportIndex::longDescription(int16_t index) const {
+std::span<const int16_t> ExportIndex::Groups::of(int32_t id) const {
+  if (id < 0) return {};
+  return std::span<const int16_t>(entries).subspan(
+      start[static_cast<size_t>(id)], start[static_cast<size_t>(id) + 1] - start[static_cast<size_t>(id)]);
+}
+
+int32_t ExportIndex::nameIdOf(int16_t method) const {
+  return validMethod(method) ? methods_[static_cast<size_t>(method)].nameId : emptyNameId_;
+}
+
+const std::string& ExportIndex::methodName(int16_t method) const {
+  return validMethod(method) ? methods_[static_cast<size_t>(method)].name : kNoText;
+}
+
+const std::string& ExportIndex::shortDescription(int16_t method) const {
+  return validMethod(method) ? methods_[static_cast<size_t>(method)].summary : kNoText;
+}
+
+std::string ExportIndex::longDescription(int16_t method) const {
   // The store answers an empty record with nothing, whatever its slot holds.
-  if (!validCell(index) || store_.itemList.List(index).empty()) return {};
-  return store_.getLongDescription(firstEqualRecord_[static_cast<size_t>(index)]);
+  if (!validMethod(method) || store_.itemList.List(method).empty()) return {};
+  return store_.getLongDescription(methods_[static_cast<size_t>(method)].firstEqualRecord);
 }
 
-int32_t ExportIndex::cellColor(int16_t index) const {
-  return validCell(index) ? colours_[static_cast<size_t>(index)] : 0;
+std::span<const int16_t> ExportIndex::linksFrom(int16_t method) const {
+  return bySource_.of(nameIdOf(method));
 }
 
-int16_t ExportIndex::findMethodByName(std::string_view name) const {
-  auto found = lastByName_.find(name);
-  return found == lastByName_.end() ? int16_t{-1} : found->second;
+std::span<const int16_t> ExportIndex::linksTo(int16_t method) const {
+  return byTarget_.of(nameIdOf(method));
 }
 
-const std::vector<int16_t>& ExportIndex::find(const Positions& positions, std::string_view name) {
-  auto found = positions.find(name);
-  return found == positions.end() ? kNoLinks : found->second;
-}
-
-const std::vector<int16_t>& ExportIndex::linksFrom(std::string_view name) const {
-  return find(bySource_, name);
-}
-
-const std::vector<int16_t>& ExportIndex::linksTo(std::string_view name) const {
-  return find(byTarget_, name);
+int32_t ExportIndex::colourOfName(int32_t id) const {
+  int16_t method = lastMethodOfName_[static_cast<size_t>(id)];
+  return method < 0 ? 0 : methods_[static_cast<size_t>(method)].colour;
 }
 
 }  // namespace tavlero

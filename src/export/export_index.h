@@ -1,9 +1,11 @@
 #pragma once
 // What the exports look up again and again, gathered in one walk over the lists, so that
 // a whole report or scheme stays linear in the size of the plan instead of walking every
-// link for every method and every method for every table cell.
+// link for every method and every method for every table cell. Every name gets a number
+// once; after that no text is hashed or compared while the output is built.
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -17,37 +19,69 @@ class ExportIndex {
  public:
   explicit ExportIndex(const ProjectStore& store);
 
-  const std::string& methodName(int16_t index) const;
-  const std::string& shortDescription(int16_t index) const;
+  // A position outside itemList reads as a record with nothing in it.
+  const std::string& methodName(int16_t method) const;
+  const std::string& shortDescription(int16_t method) const;
   // As getField(record, "longDescription") of the store: the long description of the first
   // entry of itemList equal to the record.
-  std::string longDescription(int16_t index) const;
-  // The colour of the cell at index, 0 for -1.
-  int32_t cellColor(int16_t index) const;
-  // The last cell of that name, or -1.
-  int16_t findMethodByName(std::string_view name) const;
+  std::string longDescription(int16_t method) const;
 
-  // Positions in linkList, in list order, of the links whose linkSource (linkTarget) is name.
-  const std::vector<int16_t>& linksFrom(std::string_view name) const;
-  const std::vector<int16_t>& linksTo(std::string_view name) const;
-  const std::string& linkSource(int16_t link) const { return sources_[static_cast<size_t>(link)]; }
-  const std::string& linkTarget(int16_t link) const { return targets_[static_cast<size_t>(link)]; }
+  // Positions in linkList, in list order, of the links whose linkSource (linkTarget) is
+  // the method's name.
+  std::span<const int16_t> linksFrom(int16_t method) const;
+  std::span<const int16_t> linksTo(int16_t method) const;
+
+  // A size to reserve for a text of the whole plan: the names and summaries, which the
+  // outputs repeat, and a frame of a given size around each method and each link.
+  size_t expectedSize(size_t perMethod, size_t perLink) const {
+    return textBytes_ + perMethod * methods_.size() + perLink * links_.size();
+  }
+
+  const std::string& linkSource(int16_t link) const { return links_[static_cast<size_t>(link)].source; }
+  const std::string& linkTarget(int16_t link) const { return links_[static_cast<size_t>(link)].target; }
+  // The cellColor of the last cell named by the link's end; 0 when no cell has that name.
+  int32_t sourceColour(int16_t link) const {
+    return colourOfName(links_[static_cast<size_t>(link)].sourceId);
+  }
+  int32_t targetColour(int16_t link) const {
+    return colourOfName(links_[static_cast<size_t>(link)].targetId);
+  }
 
  private:
-  using Positions = std::unordered_map<std::string_view, std::vector<int16_t>>;
-  static const std::vector<int16_t>& find(const Positions& positions, std::string_view name);
-  bool validCell(int16_t index) const { return index >= 0 && static_cast<size_t>(index) < names_.size(); }
+  struct Method {
+    std::string name, summary;
+    int32_t colour;
+    int32_t nameId;
+    int16_t firstEqualRecord;
+  };
+  struct Link {
+    std::string source, target;
+    int32_t sourceId, targetId;
+  };
+  // Links grouped by the number of one end's name, list order kept within a group.
+  struct Groups {
+    std::vector<uint32_t> start;  // group g is entries[start[g]] up to entries[start[g + 1]]
+    std::vector<int16_t> entries;
+    std::span<const int16_t> of(int32_t id) const;
+  };
+
+  int32_t idOf(std::string_view name);
+  int32_t nameIdOf(int16_t method) const;
+  bool validMethod(int16_t method) const {
+    return method >= 0 && static_cast<size_t>(method) < methods_.size();
+  }
+  int32_t colourOfName(int32_t id) const;
+  static Groups group(const std::vector<Link>& links, int32_t Link::*end, size_t names);
 
   const ProjectStore& store_;
-  std::vector<std::string> names_;
-  std::vector<std::string> summaries_;
-  std::vector<int32_t> colours_;
-  std::vector<int16_t> firstEqualRecord_;
-  std::unordered_map<std::string_view, int16_t> lastByName_;
-  std::vector<std::string> sources_;
-  std::vector<std::string> targets_;
-  Positions bySource_;
-  Positions byTarget_;
+  std::unordered_map<std::string_view, int32_t> ids_;
+  std::vector<Method> methods_;
+  std::vector<Link> links_;
+  std::vector<int16_t> lastMethodOfName_;
+  int32_t emptyNameId_ = -1;
+  size_t textBytes_ = 0;
+  Groups bySource_;
+  Groups byTarget_;
 };
 
 }  // namespace tavlero

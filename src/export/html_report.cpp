@@ -15,13 +15,13 @@ const std::string kLineEnd = "\r\n";
 // One table of a section: the other ends of the given links, htmlTableColumns to a row,
 // each in the colour of the cell it names.
 void appendTable(std::string& out, const ProjectStore& store, const ExportIndex& index,
-                 const std::vector<int16_t>& links, bool showTarget) {
+                 std::span<const int16_t> links, bool showTarget) {
   const std::string& quote = store.quoteChar;
   out += "<font face=" + quote + store.fontName + quote + "><table border>";
   int16_t column = 0;
   for (int16_t link : links) {
     const std::string& other = showTarget ? index.linkTarget(link) : index.linkSource(link);
-    int32_t colour = index.cellColor(index.findMethodByName(other));
+    int32_t colour = showTarget ? index.targetColour(link) : index.sourceColour(link);
     if (column == store.htmlTableColumns) {
       out += "</tr><tr>";
       column = 0;
@@ -68,9 +68,9 @@ std::string buildMethodHtml(const ProjectStore& store, const ExportIndex& index,
   out += "<p><pre>" + index.shortDescription(position) + "</pre></p>";
   out += "<p><small><pre>" + index.longDescription(position) + "</pre></small></p>";
   out += htmlFragment(store, "<h4>Bruker:</h4>", 0, false);
-  appendTable(out, store, index, index.linksFrom(name), true);
+  appendTable(out, store, index, index.linksFrom(position), true);
   out += htmlFragment(store, "<h4>Brukes av:</h4>", 0, false);
-  appendTable(out, store, index, index.linksTo(name), false);
+  appendTable(out, store, index, index.linksTo(position), false);
   out += "<hr />";
   return out;
 }
@@ -81,7 +81,9 @@ std::string buildMethodHtml(const ProjectStore& store, int16_t index) {
 
 std::string buildHtmlReport(const ProjectStore& store) {
   ExportIndex index(store);
-  std::string out = "<html><body>" + kLineEnd;
+  std::string out;
+  out.reserve(index.expectedSize(330 + 2 * store.fontName.size(), 80));
+  out += "<html><body>" + kLineEnd;
   out += "<h1>" + store.programName + "</h1>" + kLineEnd;
   out += "<big><pre>" + store.programDescription + "</pre></big><hr />" + kLineEnd;
   for (int16_t i = 0; i < store.itemList.ListCount(); ++i) out += buildMethodHtml(store, index, i) + kLineEnd;

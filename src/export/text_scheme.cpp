@@ -11,8 +11,8 @@ namespace {
 const std::string kLineEnd = "\r\n";
 
 // The other end of each link, one entry per link.
-void appendNames(std::string& out, const ExportIndex& index, const std::vector<int16_t>& links,
-                 bool showTarget, const std::string& separator) {
+void appendNames(std::string& out, const ExportIndex& index, std::span<const int16_t> links, bool showTarget,
+                 const std::string& separator) {
   for (int16_t link : links) {
     out += showTarget ? index.linkTarget(link) : index.linkSource(link);
     out += separator;
@@ -29,10 +29,10 @@ std::string buildSchemeText(const ProjectStore& store, const ExportIndex& index,
   out += "Metode: " + name + kLineEnd + kLineEnd;
   out += "Oppsummering: " + index.shortDescription(position) + kLineEnd + kLineEnd;
   out += "'" + name + "' benytter:" + sep + sep;
-  appendNames(out, index, index.linksFrom(name), true, sep);
+  appendNames(out, index, index.linksFrom(position), true, sep);
   out += kLineEnd;
   out += "'" + name + "' blir brukt av:" + sep + sep;
-  appendNames(out, index, index.linksTo(name), false, sep);
+  appendNames(out, index, index.linksTo(position), false, sep);
   out += kLineEnd + kProcedure + kLineEnd;
   out += index.longDescription(position);
   out += kLineEnd + kLineEnd + "*************" + kLineEnd;
@@ -46,6 +46,7 @@ std::string buildSchemeText(const ProjectStore& store, int16_t index) {
 std::string buildScheme(const ProjectStore& store, bool forFile) {
   ExportIndex index(store);
   std::string out;
+  out.reserve(index.expectedSize(150, 4));
   for (int16_t i = 0; i < store.itemList.ListCount(); ++i) {
     out += buildSchemeText(store, index, i);
     if (forFile) out += kLineEnd;
