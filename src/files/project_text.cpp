@@ -79,10 +79,7 @@ std::string_view ElementScanner::next() {
   // Without an opening tag the search counts from the start of the text left, as getField.
   size_t start =
       openPos == std::string_view::npos ? offset_ + open_.tag.size() - 1 : openPos + open_.tag.size();
-  if (closePos == std::string_view::npos || closePos <= start) {
-    offset_ = text_.size();
-    return {};
-  }
+  if (closePos == std::string_view::npos || closePos <= start) return {};
   offset_ = closePos + close_.tag.size() + skipBehind_;
   return text_.substr(start, closePos - start);
 }

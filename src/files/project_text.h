@@ -27,7 +27,8 @@ class ElementScanner {
 
   // The next element; empty when the loop ends.
   std::string_view next();
-  // Start of the text not yet scanned, as an index into the whole text.
+  // Start of the text not yet scanned, as an index into the whole text. At the end of
+  // the loop, the start of the round that found nothing.
   size_t offset() const { return offset_; }
 
  private:

@@ -1,0 +1,144 @@
+#include "files/project_check.h"
+
+#include <cmath>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "core/cp1252.h"
+#include "core/project_store.h"
+#include "core/record.h"
+#include "files/project_text.h"
+
+namespace tavlero {
+
+namespace {
+
+// Every tag the reader or a record looks for; typed into a text, each can move what the
+// tag search finds.
+constexpr std::string_view kTags[] = {
+    "projectName",   "projectDescription", "minimumCellWidth", "maximumCellWidth", "nameFontSize",
+    "infoFontSize",  "fontName",           "userMethod",       "longDescription",  "userLink",
+    "positionX",     "positionY",          "methodName",       "shortDescription", "cellColor",
+    "cellFillStyle", "linkSource",         "linkTarget"};
+
+std::string typedTag(std::string_view text) {
+  for (std::string_view key : kTags) {
+    for (std::string tag : {"<" + std::string(key) + ">", "</" + std::string(key) + ">"})
+      if (text.find(tag) != std::string_view::npos) return tag;
+  }
+  return {};
+}
+
+class Report {
+ public:
+  void add(std::string line) { lines_.push_back(std::move(line)); }
+  void typedTags(const std::string& where, std::string_view text) {
+    std::string tag = typedTag(text);
+    if (!tag.empty()) add(where + " inneholder taggen '" + tag + "', som forstyrrer lesingen.");
+  }
+  std::vector<std::string> take() { return std::move(lines_); }
+
+ private:
+  std::vector<std::string> lines_;
+};
+
+std::string methodLabel(size_t number, const std::string& name) {
+  return "Metode " + std::to_string(number) + " ('" + name + "')";
+}
+
+size_t countFrom(std::string_view text, size_t offset, std::string_view tag) {
+  size_t count = 0;
+  for (size_t at = text.find(tag, offset); at != std::string_view::npos; at = text.find(tag, at + tag.size()))
+    ++count;
+  return count;
+}
+
+// Elements behind the place where a loop ended: each closing tag ends one, and an empty
+// element held nothing to lose.
+size_t lostBehind(std::string_view text, size_t offset, const std::string& key) {
+  return countFrom(text, offset, "</" + key + ">") - countFrom(text, offset, "<" + key + "></" + key + ">");
+}
+
+void checkNumbers(Report& report, std::string_view text) {
+  for (std::string_view key : {"minimumCellWidth", "maximumCellWidth"}) {
+    if (!(toSingle(textToNumber(getField(text, key))) >= 1.0f))
+      report.add(std::string(key) + " mangler eller er mindre enn 1; innstillingene brukes i stedet.");
+  }
+  for (std::string_view key : {"nameFontSize", "infoFontSize"}) {
+    double size = std::nearbyint(textToNumber(getField(text, key)));
+    if (!(size >= 1 && size <= 32767))
+      report.add(std::string(key) +
+                 " mangler, er mindre enn 1 eller er for stor; innstillingene brukes i stedet.");
+  }
+}
+
+// Reads the methods as the reader does and reports what it loses; gives the names read.
+std::unordered_set<std::string> checkMethods(Report& report, std::string_view text) {
+  ElementScanner scanner(text, "userMethod", kSkipBehindMethod);
+  std::unordered_map<std::string, size_t> firstNumber;
+  std::unordered_set<std::string> names;
+  size_t number = 0;
+  for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
+    ++number;
+    MethodParts parts = splitMethod(element);
+    std::string name = getField(parts.record, "methodName");
+    std::string label = methodLabel(number, name);
+    if (!parts.hasLongDescription)
+      report.add(label + " har ingen <longDescription>; trolig står '</userMethod>' i en tekst."_cp);
+    else if (!parts.closedLongDescription)
+      report.add(label + " mangler '</longDescription>'.");
+    else if (parts.record.find("</longDescription>") != std::string::npos)
+      report.add(label + ": den lange beskrivelsen inneholder '</longDescription>'; resten havner i posten.");
+    report.typedTags(label + ": navnet", name);
+    report.typedTags(label + ": sammendraget", getField(parts.record, "shortDescription"));
+    report.typedTags(label + ": den lange beskrivelsen", parts.longDescription);
+    int32_t fill = toLong(textToNumber(getField(parts.record, "cellFillStyle")));
+    if (fill < 0 || fill > 7)
+      report.add(label + " har fylltype " + std::to_string(fill) + ", utenfor 0 til 7.");
+    auto [first, isNew] = firstNumber.emplace(name, number);
+    if (!isNew) report.add(label + " har samme navn som metode " + std::to_string(first->second) + ".");
+    if (text.substr(scanner.offset() - kSkipBehindMethod).starts_with("<userMethod>"))
+      report.add(label + ": '</userMethod>' står rett foran '<userMethod>', så metoden bak går tapt."_cp);
+    if (number <= static_cast<size_t>(ProjectStore::kMaxMethods)) names.insert(name);
+  }
+  if (size_t lost = lostBehind(text, scanner.offset(), "userMethod"); lost > 0)
+    report.add("Et tomt eller ødelagt userMethod-element avslutter lesingen; "_cp + std::to_string(lost) +
+               " metode(r) bak det blir ikke lest.");
+  if (number > static_cast<size_t>(ProjectStore::kMaxMethods))
+    report.add("Filen har " + std::to_string(number) + " metoder; en plan kan holde " +
+               std::to_string(ProjectStore::kMaxMethods) + ", og resten blir ikke lest.");
+  return names;
+}
+
+void checkLinks(Report& report, std::string_view text, const std::unordered_set<std::string>& names) {
+  ElementScanner scanner(text, "userLink", kSkipBehindLink);
+  size_t number = 0;
+  for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
+    ++number;
+    for (std::string_view key : {"linkSource", "linkTarget"}) {
+      std::string name = getField(element, key);
+      if (!names.contains(name))
+        report.add("Kobling " + std::to_string(number) + ": " + std::string(key) + " '" + name +
+                   "' er ingen metode, og koblingen blir fjernet.");
+    }
+  }
+  if (size_t lost = lostBehind(text, scanner.offset(), "userLink"); lost > 0)
+    report.add("Et tomt eller ødelagt userLink-element avslutter lesingen; "_cp + std::to_string(lost) +
+               " kobling(er) bak det blir ikke lest.");
+  if (number > static_cast<size_t>(ProjectStore::kMaxLinks))
+    report.add("Filen har " + std::to_string(number) + " koblinger; en plan kan holde " +
+               std::to_string(ProjectStore::kMaxLinks) + ", og resten blir ikke lest.");
+}
+
+}  // namespace
+
+std::vector<std::string> checkProject(std::string_view fileText) {
+  Report report;
+  checkNumbers(report, fileText);
+  report.typedTags("Prosjektnavnet", getField(fileText, "projectName"));
+  report.typedTags("Prosjektbeskrivelsen", getField(fileText, "projectDescription"));
+  checkLinks(report, fileText, checkMethods(report, fileText));
+  return report.take();
+}
+
+}  // namespace tavlero
