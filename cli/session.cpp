@@ -1,0 +1,67 @@
+#include <algorithm>
+
+#include "cli.h"
+#include "core/startup.h"
+
+namespace tavlero::cli {
+
+namespace {
+
+std::vector<Command>& table() {
+  static std::vector<Command> commands;
+  return commands;
+}
+
+}  // namespace
+
+Session::Session(std::string programPath, std::string settingsPath)
+    : programPath_(std::move(programPath)),
+      settingsPath_(std::move(settingsPath)),
+      app_(canvas_, Platform{ui_, dialog_, clipboard_, pictures_, printer_, forms_}) {}
+
+void Session::start() {
+  Form_Load(app_, programPath_, "", settingsPath_);
+}
+
+bool Session::open(const std::string& in) {
+  return Form_Load(app_, programPath_, in, settingsPath_);
+}
+
+RegisterCommand::RegisterCommand(const Command& command) {
+  table().push_back(command);
+}
+
+std::vector<Command> registeredCommands() {
+  std::vector<Command> commands = table();
+  std::sort(commands.begin(), commands.end(),
+            [](const Command& a, const Command& b) { return a.name < b.name; });
+  return commands;
+}
+
+int usageError(const std::string& message) {
+  printMessage(message + " (se tavlero-cli --help)");
+  return kExitFailure;
+}
+
+bool takeFlag(std::vector<std::string>& args, std::string_view flag) {
+  auto it = std::find(args.begin(), args.end(), flag);
+  if (it == args.end()) return false;
+  args.erase(it);
+  return true;
+}
+
+std::optional<std::string> takeOption(std::vector<std::string>& args, std::string_view name, bool& missing) {
+  missing = false;
+  auto it = std::find(args.begin(), args.end(), name);
+  if (it == args.end()) return std::nullopt;
+  if (it + 1 == args.end()) {
+    missing = true;
+    args.erase(it);
+    return std::nullopt;
+  }
+  std::string value = *(it + 1);
+  args.erase(it, it + 2);
+  return value;
+}
+
+}  // namespace tavlero::cli
