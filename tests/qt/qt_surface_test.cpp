@@ -195,7 +195,7 @@ TEST_F(QtSurfaceTest, LinesCirclesAndTextLandWhereTheyWereDrawn) {
   int dashed = blackInRow(20);
   int run = px(95, 0).x() - px(5, 0).x();
   EXPECT_GT(dashed, run / 3);
-  EXPECT_LT(dashed, run * 3 / 4);      // gaps between the dashes
+  EXPECT_LT(dashed, run * 3 / 4);            // gaps between the dashes
   EXPECT_GE(blackInRow(40), (run - 2) * 3);  // a solid line three pixels wide
 
   QPoint centre = px(50, 60);
