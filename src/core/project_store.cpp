@@ -3,11 +3,17 @@
 #include "core/record.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace tavlero {
 
 namespace {
 const std::string kEmpty;
+std::atomic<uint64_t> lastRevision{0};
+}  // namespace
+
+void StringList::changed() {
+  revision_ = ++lastRevision;
 }
 
 const std::string& StringList::List(int16_t index) const {
@@ -17,18 +23,23 @@ const std::string& StringList::List(int16_t index) const {
 
 void StringList::setList(int16_t index, std::string text) {
   if (index < 0 || index >= ListCount()) return;
-  items_[static_cast<size_t>(index)] = std::move(text);
+  std::string& item = items_[static_cast<size_t>(index)];
+  if (item == text) return;
+  item = std::move(text);
+  changed();
 }
 
 bool StringList::AddItem(std::string text) {
   if (items_.size() >= static_cast<size_t>(kMaxCount)) return false;
   items_.push_back(std::move(text));
+  changed();
   return true;
 }
 
 void StringList::RemoveItem(int16_t index) {
   if (index < 0 || index >= ListCount()) return;
   items_.erase(items_.begin() + index);
+  changed();
 }
 
 void StringList::RemoveItems(const std::vector<int16_t>& ascendingIndices) {
@@ -43,6 +54,12 @@ void StringList::RemoveItems(const std::vector<int16_t>& ascendingIndices) {
     ++kept;
   }
   items_.resize(kept);
+  changed();
+}
+
+void StringList::Clear() {
+  items_.clear();
+  changed();
 }
 
 ProjectStore::ProjectStore() : longDescriptions_(kLongDescriptionSlots) {}

@@ -25,13 +25,21 @@ class StringList {
   void RemoveItem(int16_t index);
   // Removes the entries at the given ascending indices in one pass; the rest keep order.
   void RemoveItems(const std::vector<int16_t>& ascendingIndices);
-  void Clear() { items_.clear(); }
+  void Clear();
 
   const std::vector<std::string>& items() const { return items_; }
   void reserve(size_t count) { items_.reserve(count); }
 
+  // Changes with every change of the content, and never repeats a value of this or any
+  // other list, so that data derived from a list can tell whether it still holds.
+  // Writing an entry with the text it already has is no change.
+  uint64_t revision() const { return revision_; }
+
  private:
+  void changed();
+
   std::vector<std::string> items_;
+  uint64_t revision_ = 0;
 };
 
 class ProjectStore {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -105,6 +106,62 @@ INSTANTIATE_TEST_SUITE_P(
                 {kRisingFarAway, kLeftward},
                 {22.5f, 49.5f},
                 1}));
+
+// The answer of a walk from index 0 over freshly read records, for any point.
+int16_t lowestHolding(const ProjectStore& store, float x, float y) {
+  for (int16_t i = 0; i < store.sizeList.ListCount(); ++i) {
+    const std::string& g = store.sizeList.List(i);
+    auto read = [&](const char* key) { return toSingle(textToNumber(getField(g, key))); };
+    if (x > read("X1") && x < read("X2") && y > read("Y1") && y < read("Y2")) return i;
+  }
+  return -1;
+}
+
+// Random boards with overlaps, huge, empty and inverted boxes, changed entry by entry:
+// every answer must be that of the plain walk, also right after each change, where the
+// changed box stood and where it stands now.
+TEST(FindCellAtBoard, AnswersAsTheWalkThroughEveryChange) {
+  std::mt19937 random(20261123);
+  std::uniform_real_distribution<float> place(-200, 1000);
+  std::uniform_real_distribution<float> size(-5, 120);
+  auto anyBox = [&] {
+    unsigned kind = random() % 40;
+    if (kind == 0) return std::string("X1: 0 Y1: 0 X2: 0 Y2: 0");
+    if (kind == 1) return geometry(-1e30f, place(random), 1e30f, place(random) + 3000);
+    float x = place(random), y = place(random);
+    return geometry(x, y, x + size(random), y + size(random));
+  };
+  auto inside = [](const std::string& box) {
+    auto read = [&](const char* key) { return toSingle(textToNumber(getField(box, key))); };
+    return Point{read("X1") + 1, read("Y1") + 1};
+  };
+  ProjectStore store;
+  ProjectStore other;  // another board asked now and then must not confuse the first
+  other.sizeList.AddItem(geometry(0, 0, 5000, 5000));
+  for (int i = 0; i < 300; ++i) store.sizeList.AddItem(anyBox());
+  for (int round = 0; round < 60; ++round) {
+    auto changed = static_cast<int16_t>(random() % 300);
+    std::vector<Point> probes = {inside(store.sizeList.List(changed))};
+    store.sizeList.setList(changed, anyBox());
+    probes.push_back(inside(store.sizeList.List(changed)));
+    for (int i = 0; i < 30; ++i) probes.push_back({place(random), place(random)});
+    for (Point p : probes)
+      ASSERT_EQ(findCellAt(store, p.x, p.y), lowestHolding(store, p.x, p.y))
+          << "round " << round << " at " << p.x << ", " << p.y;
+    if (round % 10 == 0) ASSERT_EQ(findCellAt(other, 10, 10), 0);
+  }
+  store.sizeList.Clear();
+  EXPECT_EQ(findCellAt(store, 10, 10), -1);
+}
+
+TEST(FindCellAtBoard, AMovedCellIsFoundAtItsNewPlaceAtOnce) {
+  ProjectStore store;
+  store.sizeList.AddItem(geometry(10, 10, 40, 30));
+  ASSERT_EQ(findCellAt(store, 20, 20), 0);
+  store.sizeList.setList(0, geometry(500, 10, 530, 30));
+  EXPECT_EQ(findCellAt(store, 20, 20), -1);
+  EXPECT_EQ(findCellAt(store, 520, 20), 0);
+}
 
 // Hit testing sees what was drawn: after the lower of two overlapping cells is deleted
 // and the board redrawn, the same point finds the upper one under its new number.
