@@ -1,0 +1,36 @@
+#include "qt/dialog_support.h"
+
+#include <cmath>
+
+#include "core/cp1252.h"
+#include "qt/qt_surface.h"
+
+namespace tavlero {
+
+namespace {
+constexpr double kTwipsPerInch = 1440;
+}
+
+int pixels(double twips) {
+  return static_cast<int>(std::lround(twips / kTwipsPerInch * QtSurface::screenDpi()));
+}
+
+void place(QWidget* widget, double left, double top, double width, double height) {
+  widget->setGeometry(pixels(left), pixels(top), pixels(width), pixels(height));
+}
+
+QString multiLineText(const std::string& text) {
+  return fromCp1252(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+
+std::string logicText(QString text) {
+  return utf8ToCp1252(text.replace(QLatin1Char('\n'), QStringLiteral("\r\n")).toStdString());
+}
+
+void showAndActivate(QWidget* window) {
+  window->show();
+  window->raise();
+  window->activateWindow();
+}
+
+}  // namespace tavlero
