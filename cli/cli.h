@@ -9,6 +9,7 @@
 
 #include "core/app.h"
 #include "headless_platform.h"
+#include "qt/qt_outputs.h"
 #include "qt/qt_surface.h"
 
 namespace tavlero::cli {
@@ -39,7 +40,7 @@ class Session {
   HeadlessUi ui_;
   HeadlessDialog dialog_;
   HeadlessClipboard clipboard_;
-  HeadlessPictures pictures_;
+  QtPictureWriter pictures_;
   HeadlessPrinter printer_;
   HeadlessForms forms_;
   App app_;

@@ -76,11 +76,6 @@ bool HeadlessClipboard::SetPicture(const Surface&, std::string& error) {
   return false;
 }
 
-bool HeadlessPictures::SavePicture(const Surface&, const std::string&, std::string& error) {
-  error = "Bilder kan ikke lagres her.";
-  return false;
-}
-
 bool HeadlessPrinter::PrintForm(std::string& error) {
   error = "Fant ingen skriver.";
   return false;

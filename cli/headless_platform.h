@@ -1,6 +1,7 @@
 #pragma once
 // The platform of the headless tool: a message box prints its text on standard error
 // and takes the first button, file dialogs cancel, and nothing is shown or printed.
+// Picture files are Qt's own, made offscreen.
 
 #include <memory>
 #include <string>
@@ -47,11 +48,6 @@ class HeadlessClipboard : public Clipboard {
   void Clear() override { text.clear(); }
   void SetText(const std::string& value) override { text = value; }
   bool SetPicture(const Surface& canvas, std::string& error) override;
-};
-
-class HeadlessPictures : public PictureWriter {
- public:
-  bool SavePicture(const Surface& canvas, const std::string& path, std::string& error) override;
 };
 
 class HeadlessPrinter : public Printer {

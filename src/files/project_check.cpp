@@ -59,6 +59,25 @@ size_t lostBehind(std::string_view text, size_t offset, const std::string& key) 
   return countFrom(text, offset, "</" + key + ">") - countFrom(text, offset, "<" + key + "></" + key + ">");
 }
 
+struct ElementKind {
+  std::string key;
+  const char* some;  // "metode(r)"
+  const char* many;  // "metoder"
+  int16_t limit;     // what a plan holds
+};
+
+// Where a loop ended: the elements an empty or broken one cut off, and those beyond what a
+// plan can hold.
+void reportLoopEnd(Report& report, std::string_view text, const ElementKind& kind, size_t offset,
+                   size_t count) {
+  if (size_t lost = lostBehind(text, offset, kind.key); lost > 0)
+    report.add("Et tomt eller ødelagt "_cp + kind.key + "-element avslutter lesingen; " +
+               std::to_string(lost) + " " + kind.some + " bak det blir ikke lest.");
+  if (count > static_cast<size_t>(kind.limit))
+    report.add("Filen har " + std::to_string(count) + " " + kind.many + "; en plan kan holde " +
+               std::to_string(kind.limit) + ", og resten blir ikke lest.");
+}
+
 void checkNumbers(Report& report, std::string_view text) {
   for (std::string_view key : {"minimumCellWidth", "maximumCellWidth"}) {
     if (!(toSingle(textToNumber(getField(text, key))) >= 1.0f))
@@ -101,12 +120,8 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
       report.add(label + ": '</userMethod>' står rett foran '<userMethod>', så metoden bak går tapt."_cp);
     if (number <= static_cast<size_t>(ProjectStore::kMaxMethods)) names.insert(name);
   }
-  if (size_t lost = lostBehind(text, scanner.offset(), "userMethod"); lost > 0)
-    report.add("Et tomt eller ødelagt userMethod-element avslutter lesingen; "_cp + std::to_string(lost) +
-               " metode(r) bak det blir ikke lest.");
-  if (number > static_cast<size_t>(ProjectStore::kMaxMethods))
-    report.add("Filen har " + std::to_string(number) + " metoder; en plan kan holde " +
-               std::to_string(ProjectStore::kMaxMethods) + ", og resten blir ikke lest.");
+  reportLoopEnd(report, text, {"userMethod", "metode(r)", "metoder", ProjectStore::kMaxMethods},
+                scanner.offset(), number);
   return names;
 }
 
@@ -122,12 +137,8 @@ void checkLinks(Report& report, std::string_view text, const std::unordered_set<
                    "' er ingen metode, og koblingen blir fjernet.");
     }
   }
-  if (size_t lost = lostBehind(text, scanner.offset(), "userLink"); lost > 0)
-    report.add("Et tomt eller ødelagt userLink-element avslutter lesingen; "_cp + std::to_string(lost) +
-               " kobling(er) bak det blir ikke lest.");
-  if (number > static_cast<size_t>(ProjectStore::kMaxLinks))
-    report.add("Filen har " + std::to_string(number) + " koblinger; en plan kan holde " +
-               std::to_string(ProjectStore::kMaxLinks) + ", og resten blir ikke lest.");
+  reportLoopEnd(report, text, {"userLink", "kobling(er)", "koblinger", ProjectStore::kMaxLinks},
+                scanner.offset(), number);
 }
 
 }  // namespace
