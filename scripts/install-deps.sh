@@ -7,7 +7,7 @@ packages=(
   g++ cmake make pkg-config
   qt6-base-dev libgl-dev
   fonts-liberation fontconfig
-  xvfb xauth x11-utils
+  xvfb xauth x11-utils xdotool
   libgtest-dev libgmock-dev libbenchmark-dev
 )
 if [[ "${1:-}" == "--fuzz" ]]; then

@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# The real program in a real X server: its window appears titled "Tavlero" with a project
+# named on the command line, shows the pointer's place in its title, and leaves through
+# its own menu (Alt+F, A) with status 0 and no question.
+# Usage: window_xvfb.sh BUILD_BIN TEST_DATA
+set -uo pipefail
+
+bin=$1
+data=$2
+for tool in xvfb-run xdotool; do
+  command -v "$tool" >/dev/null || { echo "FAIL: $tool is missing (scripts/install-deps.sh installs it)"; exit 1; }
+done
+[[ -x "$bin/tavlero" ]] || { echo "FAIL: no program at $bin/tavlero"; exit 1; }
+
+# A folder of its own, so that the settings file the program makes lands there.
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cp "$bin/tavlero" "$work/"
+
+cat >"$work/inside.sh" <<'INSIDE'
+set -uo pipefail
+program=$1
+project=$2
+fail() { echo "FAIL: $*"; kill "$pid" 2>/dev/null; exit 1; }
+
+"$program" "$project" &
+pid=$!
+
+window=""
+for _ in $(seq 150); do
+  window=$(xdotool search --onlyvisible --name '^Tavlero$' 2>/dev/null | head -n 1)
+  [[ -n "$window" ]] && break
+  kill -0 "$pid" 2>/dev/null || fail "the program ended before its window appeared"
+  sleep 0.1
+done
+[[ -n "$window" ]] || fail "no window titled Tavlero within 15 s"
+
+# A move over the board puts the project's name and the pointer's place in the title.
+xdotool mousemove --window "$window" 300 200
+title=""
+for _ in $(seq 50); do
+  title=$(xdotool getwindowname "$window")
+  [[ "$title" == "Tavlero: Brett () (X:"* ]] && break
+  sleep 0.1
+done
+[[ "$title" == "Tavlero: Brett () (X:"* ]] || fail "title after a move over the board: '$title'"
+
+# Leave by the file menu; the project is unchanged, so nothing is asked.
+xdotool windowfocus --sync "$window"
+xdotool key alt+f
+sleep 0.5
+xdotool key a
+for _ in $(seq 100); do
+  kill -0 "$pid" 2>/dev/null || break
+  sleep 0.1
+done
+kill -0 "$pid" 2>/dev/null && fail "the program did not end after Alt+F, A"
+wait "$pid"
+status=$?
+[[ $status -eq 0 ]] || { echo "FAIL: exit status $status"; exit 1; }
+echo "window appeared, followed the pointer and closed with status 0"
+INSIDE
+
+timeout 60 xvfb-run -a -s "-screen 0 1280x1024x24" bash "$work/inside.sh" "$work/tavlero" "$data/qt/board.tvl"
