@@ -66,7 +66,7 @@ std::optional<bool> booleanOf(std::string_view text) {
 }
 
 // The settings file's bytes, made with the defaults when it is missing or empty.
-// Nothing when it cannot be made or read.
+// Nothing when it can be neither made nor read.
 std::optional<std::string> settingsText(App& app) {
   const std::string& path = app.store.settingsPath;
   int fd = ::open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666);
@@ -75,8 +75,9 @@ std::optional<std::string> settingsText(App& app) {
   std::string text;
   if (!readWholeFile(path, text)) return std::nullopt;
   if (text.empty()) {
+    // What the file now holds; the same values when it could not be written after all.
     writeDefaultSettings(app);
-    if (!readWholeFile(path, text)) return std::nullopt;
+    text = kDefaultSettings;
   }
   return text;
 }
