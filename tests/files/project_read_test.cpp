@@ -99,6 +99,21 @@ TEST(Reader, TextTypedIntoTheRecordSurvivesTheNextSave) {
       std::string::npos);
 }
 
+// The long description is looked up by record first: an element equal to an earlier
+// cell's record gets that cell's long description, not its own.
+TEST(Reader, ElementEqualToAnEarlierRecordTakesItsLongDescription) {
+  FileWorld world;
+  std::string path = world.dir.file("equal.tvl");
+  writeFile(path,
+            "<userMethod>X<longDescription>L1</longDescription>Y<longDescription>Q</longDescription></"
+            "userMethod>\r\n"
+            "<userMethod>XY<longDescription>Q</longDescription></userMethod>\r\n");
+  ASSERT_TRUE(readProject(world.app, path));
+  ASSERT_EQ(world.app.store.itemList.ListCount(), 2);
+  EXPECT_EQ(world.app.store.itemList.List(0), "XY<longDescription>Q</longDescription>");
+  EXPECT_EQ(world.longDescriptions(), (std::vector<std::string>{"L1", "L1"}));
+}
+
 TEST(Reader, NonexistentFileInAnExistingFolderIsCreatedEmpty) {
   FileWorld world;
   std::string path = world.dir.file("new.tvl");
