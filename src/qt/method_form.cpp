@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QValidator>
+#include <algorithm>
 #include <limits>
 
 #include "core/cp1252.h"
@@ -19,20 +19,25 @@ namespace tavlero {
 namespace {
 
 // Limits what is typed, not what the program puts in: a longer name read from a file
-// can still be shown, shortened and saved unchanged, but never grown.
-class TypedLengthLimit : public QValidator {
+// is shown and saved whole, and may be shortened but not grown. An edit that would pass
+// the limit is taken back.
+class TypedLengthLimit : public QObject {
  public:
-  TypedLengthLimit(QLineEdit* edit, qsizetype limit) : QValidator(edit), limit_(limit) {
-    QObject::connect(edit, &QLineEdit::textChanged, this,
-                     [this](const QString& text) { accepted_ = text.size(); });
-  }
-  State validate(QString& input, int&) const override {
-    return input.size() <= limit_ || input.size() <= accepted_ ? Acceptable : Invalid;
+  TypedLengthLimit(QLineEdit* edit, qsizetype limit) : QObject(edit) {
+    edit->setMaxLength(std::numeric_limits<int>::max());
+    // Signals of one edit come in the order textEdited, textChanged; the text is read
+    // from the box, since the edit may have been taken back in between.
+    connect(edit, &QLineEdit::textChanged, this, [this, edit] { kept_ = edit->text(); });
+    connect(edit, &QLineEdit::textEdited, this, [this, edit, limit](const QString& text) {
+      if (text.size() <= limit || text.size() <= kept_.size()) return;
+      int cursor = edit->cursorPosition() - static_cast<int>(text.size() - kept_.size());
+      edit->setText(kept_);
+      edit->setCursorPosition(std::max(cursor, 0));
+    });
   }
 
  private:
-  qsizetype limit_;
-  qsizetype accepted_ = 0;
+  QString kept_;
 };
 
 }  // namespace
@@ -68,9 +73,8 @@ MethodDialog::MethodDialog(App& app, QWidget* parent) : QDialog(parent, kFixedDi
   place(command1, 3480, 5280, 1215, 495);
   setFixedSize(pixels(4980), pixels(5925));
 
-  for (QLineEdit* edit : {methodName, shortDescription}) edit->setMaxLength(std::numeric_limits<int>::max());
-  methodName->setValidator(new TypedLengthLimit(methodName, 256));
-  shortDescription->setValidator(new TypedLengthLimit(shortDescription, 160));
+  new TypedLengthLimit(methodName, 256);
+  new TypedLengthLimit(shortDescription, 160);
   methodName->setToolTip(QStringLiteral("Navnet på metoden, f.eks: public void testMetode()"));
   shortDescription->setToolTip(QStringLiteral("En kort beskrivelse av hva metoden gjør."));
   longDescription->setToolTip(QStringLiteral("Grundigere informasjon om hvordan oppgaven blir gjennomført."));
