@@ -41,10 +41,14 @@ std::string buildInfoPage(const ProjectStore& store) {
   return page;
 }
 
+std::string infoPageFileText(const ProjectStore& store) {
+  return buildInfoPage(store) + "\r\n";
+}
+
 void showMethodInfo(App& app) {
   app.ui.setMainEnabled(false);
   std::string reason;
-  if (!saveFileAtomically(kPageName, buildInfoPage(app.store) + "\r\n", reason)) {
+  if (!saveFileAtomically(kPageName, infoPageFileText(app.store), reason)) {
     failOpening(app, kPageName, reason);
     return;
   }

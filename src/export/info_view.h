@@ -9,6 +9,8 @@ namespace tavlero {
 
 // The page text: the selected method's section, or the project page.
 std::string buildInfoPage(const ProjectStore& store);
+// The bytes of the page file: the page and one line end.
+std::string infoPageFileText(const ProjectStore& store);
 void showMethodInfo(App& app);
 void methodInfoForm_Command1_Click(App& app);  // OK: the form is hidden, kept for the next opening
 // Closing by the frame: as OK, and the form is let go; the next opening makes it anew.

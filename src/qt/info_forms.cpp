@@ -15,54 +15,15 @@
 #include "core/cp1252.h"
 #include "export/info_dialogs.h"
 #include "export/info_view.h"
+#include "qt/dialog_support.h"
 #include "qt/qt_surface.h"
 
 namespace tavlero {
 
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
-
-int pixels(double twips) {
-  return static_cast<int>(std::lround(twips / kTwipsPerInch * QtSurface::screenDpi()));
-}
-
 float twips(int pixels) {
-  return static_cast<float>(pixels * kTwipsPerInch / QtSurface::screenDpi());
-}
-
-void place(QWidget* widget, double left, double top, double width, double height) {
-  widget->setGeometry(pixels(left), pixels(top), pixels(width), pixels(height));
-}
-
-// A dialog with a title bar and the close box; without minimise and maximise buttons.
-constexpr Qt::WindowFlags kFixedDialog = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                                         Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
-
-// The text boxes and the logic hold line breaks as CR LF; Qt's text edits hold LF.
-QString multiLineText(const std::string& text) {
-  return fromCp1252(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-}
-
-std::string logicText(QString text) {
-  return utf8ToCp1252(text.replace(QLatin1Char('\n'), QStringLiteral("\r\n")).toStdString());
-}
-
-void showAndActivate(QWidget* window) {
-  window->show();
-  window->raise();
-  window->activateWindow();
-}
-
-// Deleted once the event that asked for it has ended (the logic lets a form go from
-// inside the form's own events); the pointer forgets it now, so nothing reaches it.
-template <class Dialog>
-void discard(QPointer<Dialog>& dialog) {
-  if (!dialog) return;
-  Dialog* doomed = dialog;
-  dialog = nullptr;
-  doomed->hide();
-  doomed->deleteLater();
+  return static_cast<float>(pixels * 1440.0 / QtSurface::screenDpi());
 }
 
 }  // namespace

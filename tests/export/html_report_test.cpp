@@ -20,17 +20,6 @@ std::string table(const std::string& section, int n) {
   return section.substr(at, section.find("</font>", at) - at);
 }
 
-TEST(HtmlReport, ExampleByteForByte) {
-  FakeWorld world;
-  loadExample(world);
-  TempDir dir;
-  world.dialog.saveAnswers.push_back(dir.file("butikk.html"));
-  saveHtmlReport(world.app);
-  EXPECT_EQ(readFile(dir.file("butikk.html")), exampleFile("report.html"));
-  EXPECT_EQ(world.dialog.filtersSeen, std::vector<std::string>{"HTML-dokumenter (*.html)|*.html"});
-  EXPECT_EQ(world.dialog.DefaultExt, "*.html");
-}
-
 TEST(HtmlReport, EmptyProjectIsTheFrameAlone) {
   FakeWorld world;
   EXPECT_EQ(buildHtmlReport(world.app.store),

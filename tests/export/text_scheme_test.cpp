@@ -11,16 +11,9 @@
 namespace tavlero::testing {
 namespace {
 
-TEST(TextScheme, ExampleFileAndClipboardByteForByte) {
+TEST(TextScheme, ExampleOnTheClipboardByteForByte) {
   FakeWorld world;
   loadExample(world);
-  TempDir dir;
-  world.dialog.saveAnswers.push_back(dir.file("plan.txt"));
-  saveSchemeText(world.app);
-  EXPECT_EQ(readFile(dir.file("plan.txt")), exampleFile("scheme.txt"));
-  EXPECT_EQ(world.dialog.filtersSeen, std::vector<std::string>{"Tekstfiler (*.txt)|*.txt"});
-  EXPECT_EQ(world.dialog.DefaultExt, "*.txt");
-
   copySchemeText(world.app);
   EXPECT_EQ(world.clipboard.clears, 1);
   EXPECT_EQ(world.clipboard.text, exampleFile("clipboard.txt"));

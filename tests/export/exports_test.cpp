@@ -1,5 +1,6 @@
-// Every export reads the project and nothing else: no record, selection, view, flag or
-// file name changes, and the next plain save still goes to the project's own file.
+// What the exports share: the file exports write the worked example's bytes, and every
+// export reads the project and nothing else (no record, selection, view, flag or file
+// name changes, and the next plain save still goes to the project's own file).
 
 #include <gtest/gtest.h>
 
@@ -24,6 +25,8 @@ struct ExportCase {
   std::function<void(App&)> run;
   std::string outputName;    // the file the export writes, empty for none
   bool writesItself = true;  // false where the file is the platform's to write
+  std::string filter = "";
+  std::string expected = "";  // the worked example's file, for the text exports
 };
 
 void PrintTo(const ExportCase& c, std::ostream* os) {
@@ -51,6 +54,19 @@ class ExportTest : public ::testing::TestWithParam<ExportCase> {
 };
 
 using ExportsOnlyRead = ExportTest;
+using ExampleFile = ExportTest;
+
+// The worked example as the file exports write it, with the filter of each dialog.
+TEST_P(ExampleFile, ByteForByte) {
+  const ExportCase& c = GetParam();
+  world_.app.store.selectedCell = -1;
+  world_.dialog.saveAnswers.push_back(dir_.file(c.outputName));
+  c.run(world_.app);
+  EXPECT_EQ(readFile(dir_.file(c.outputName)), exampleFile(c.expected));
+  EXPECT_EQ(world_.dialog.filtersSeen, std::vector<std::string>{c.filter});
+  EXPECT_EQ(world_.dialog.DefaultExt, c.filter.substr(c.filter.find('|') + 1));
+}
+
 using FileExportFailure = ExportTest;
 
 TEST_P(ExportsOnlyRead, AndTheNextSaveGoesToTheProjectFile) {
@@ -80,9 +96,14 @@ TEST_P(FileExportFailure, NamesTheFileAndLeavesTheProject) {
   EXPECT_NE(world_.ui.messages[0].prompt.find("'" + path + "'"), std::string::npos);
 }
 
-const ExportCase kScheme{"SchemeToFile", saveSchemeText, "butikk.txt"};
-const ExportCase kHtml{"Html", saveHtmlReport, "butikk.html"};
-const ExportCase kPicture{"Picture", saveBoardPicture, "butikk.bmp", false};
+const ExportCase kScheme{"SchemeToFile", saveSchemeText, "butikk.txt", true, "Tekstfiler (*.txt)|*.txt",
+                         "scheme.txt"};
+const ExportCase kHtml{"Html",       saveHtmlReport, "butikk.html", true, "HTML-dokumenter (*.html)|*.html",
+                       "report.html"};
+const ExportCase kPicture{"Picture", saveBoardPicture, "butikk.bmp", false, "Punktgrafikk (*.bmp)|*.bmp"};
+
+INSTANTIATE_TEST_SUITE_P(Texts, ExampleFile, ::testing::Values(kScheme, kHtml),
+                         [](const auto& info) { return info.param.label; });
 
 INSTANTIATE_TEST_SUITE_P(Files, FileExportFailure, ::testing::Values(kScheme, kHtml, kPicture),
                          [](const auto& info) { return info.param.label; });
