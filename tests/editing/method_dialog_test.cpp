@@ -74,17 +74,18 @@ TEST_F(MethodDialogTest, ADoubleClickOnEmptyBoardAddsACellWhereThePointerWas) {
 }
 
 TEST_F(MethodDialogTest, TheActionKeyOpeningAddsAtTheLastPointerPosition) {
+  world.addCell("", 0, 0);  // a name that differs from a blank
   store.lastMouseX = 12;
   store.lastMouseY = 34;
   openAddMethodForm(app);
   type(" ");
   addMethodForm_Command2_Click(app);
   expectClosed();
-  EXPECT_EQ(field(0, "methodName"), " ") << "a name of blanks is a name";
-  EXPECT_EQ(field(0, "positionX"), " 12");
-  EXPECT_EQ(field(0, "positionY"), " 34");
-  EXPECT_EQ(field(0, "cellColor"), " 16777215");
-  EXPECT_EQ(field(0, "cellFillStyle"), " 0");
+  EXPECT_EQ(field(1, "methodName"), " ") << "a name of blanks is a name";
+  EXPECT_EQ(field(1, "positionX"), " 12");
+  EXPECT_EQ(field(1, "positionY"), " 34");
+  EXPECT_EQ(field(1, "cellColor"), " 16777215");
+  EXPECT_EQ(field(1, "cellFillStyle"), " 0");
 }
 
 struct RefusalCase {
@@ -113,8 +114,9 @@ TEST_P(RefusalTest, ShowsTheErrorBeepsAndKeepsTheDialogOpen) {
   expectRefused(r.error, 1);
   EXPECT_EQ(store.itemList.List(0), record);
 
-  // A second try with a good name goes through; the label does not stand in the way.
-  type("skriv");
+  // A second try with a good name goes through, also one that differs only in case;
+  // the label does not stand in the way.
+  type("Les");
   addMethodForm_Command2_Click(app);
   expectClosed();
   EXPECT_FALSE(store.isSaved);
@@ -126,15 +128,6 @@ INSTANTIATE_TEST_SUITE_P(
                       RefusalCase{"empty name when editing", true, "", "Feil: Metoden m\xE5 ha et navn!"},
                       RefusalCase{"existing name when adding", false, "les",
                                   "Feil:Navnet eksisterer allerede! Bytt navn..."}));
-
-TEST_F(MethodDialogTest, ANameDifferingOnlyInCaseIsAccepted) {
-  world.addCell("les", 10, 10);
-  openAddMethodForm(app);
-  type("Les");
-  addMethodForm_Command2_Click(app);
-  expectClosed();
-  EXPECT_EQ(store.itemList.ListCount(), 2);
-}
 
 TEST_F(MethodDialogTest, ASecondFailureReplacesTheError) {
   world.addCell("les", 10, 10);
