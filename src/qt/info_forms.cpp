@@ -28,7 +28,22 @@ float twips(int pixels) {
 
 }  // namespace
 
-QtProgramInfoForm::QtProgramInfoForm(App& app, QWidget* parent) : QDialog(parent, kFixedDialog), app_(app) {
+ForwardingDialog::ForwardingDialog(App& app, QWidget* parent, Qt::WindowFlags flags, Handler onClose,
+                                   Handler onEscape)
+    : QDialog(parent, flags), app_(app), onClose_(onClose), onEscape_(onEscape) {}
+
+void ForwardingDialog::reject() {
+  if (onEscape_) onEscape_(app_);
+}
+
+// The logic decides what becomes of the form; the closing itself is never refused.
+void ForwardingDialog::closeEvent(QCloseEvent* event) {
+  onClose_(app_);
+  event->accept();
+}
+
+QtProgramInfoForm::QtProgramInfoForm(App& app, QWidget* parent)
+    : ForwardingDialog(app, parent, kFixedDialog, programInfoForm_Command1_Click, nullptr) {
   setWindowTitle(QStringLiteral("Programinformasjon"));
   setObjectName(QStringLiteral("programInfoForm"));
   // Made in the tab order; labels take no focus.
@@ -86,13 +101,6 @@ void QtProgramInfoForm::setOkDefault(bool isDefault) {
   command1->setDefault(isDefault);
 }
 
-void QtProgramInfoForm::reject() {}
-
-void QtProgramInfoForm::closeEvent(QCloseEvent* event) {
-  programInfoForm_Command1_Click(app_);
-  event->accept();
-}
-
 bool QtProgramInfoForm::eventFilter(QObject* watched, QEvent* event) {
   if (watched == programDescription && event->type() == QEvent::FocusIn)
     programInfoForm_programDescription_GotFocus(app_);
@@ -114,7 +122,8 @@ QVariant InfoBrowser::loadResource(int type, const QUrl& name) {
 }
 
 MethodInfoDialog::MethodInfoDialog(App& app, QWidget* parent)
-    : QDialog(parent, kFixedDialog | Qt::WindowMinMaxButtonsHint), app_(app) {
+    : ForwardingDialog(app, parent, kFixedDialog | Qt::WindowMinMaxButtonsHint,
+                       methodInfoForm_Form_QueryUnload, methodInfoForm_Command1_Click) {
   setWindowTitle(QStringLiteral("Metodeinfo/prosjektinfo"));
   setObjectName(QStringLiteral("methodInfoForm"));
   methodInfoBox = new InfoBrowser(this);
@@ -126,15 +135,6 @@ MethodInfoDialog::MethodInfoDialog(App& app, QWidget* parent)
   command1->setDefault(true);
   resize(pixels(11505), pixels(8820));
   connect(command1, &QPushButton::clicked, this, [&app] { methodInfoForm_Command1_Click(app); });
-}
-
-void MethodInfoDialog::reject() {
-  methodInfoForm_Command1_Click(app_);
-}
-
-void MethodInfoDialog::closeEvent(QCloseEvent* event) {
-  methodInfoForm_Form_QueryUnload(app_);
-  event->accept();
 }
 
 void MethodInfoDialog::resizeEvent(QResizeEvent* event) {
@@ -189,7 +189,8 @@ void QtMethodInfoForm::sizeBrowser(float width, float height) {
   if (dialog_) dialog_->methodInfoBox->resize(std::max(0, pixels(width)), std::max(0, pixels(height)));
 }
 
-AboutDialog::AboutDialog(App& app, QWidget* parent) : QDialog(parent, kFixedDialog), app_(app) {
+AboutDialog::AboutDialog(App& app, QWidget* parent)
+    : ForwardingDialog(app, parent, kFixedDialog, aboutForm_Command1_Click, nullptr) {
   setWindowTitle(QStringLiteral("Om..."));
   setObjectName(QStringLiteral("aboutForm"));
   auto* title = new QLabel(QStringLiteral("Tavlero"), this);
@@ -207,13 +208,6 @@ AboutDialog::AboutDialog(App& app, QWidget* parent) : QDialog(parent, kFixedDial
   setFixedSize(pixels(6480), pixels(3600));
   command1->setDefault(true);
   connect(command1, &QPushButton::clicked, this, [&app] { aboutForm_Command1_Click(app); });
-}
-
-void AboutDialog::reject() {}
-
-void AboutDialog::closeEvent(QCloseEvent* event) {
-  aboutForm_Command1_Click(app_);
-  event->accept();
 }
 
 QtAboutForm::QtAboutForm(App& app, QWidget* parent) : dialog_(new AboutDialog(app, parent)) {}

@@ -18,7 +18,26 @@ class QPushButton;
 
 namespace tavlero {
 
-class QtProgramInfoForm : public QDialog, public ProgramInfoView {
+// A dialog whose Esc and closing by the frame go to the logic's handlers; Esc does
+// nothing where the form has no cancel button (onEscape null).
+class ForwardingDialog : public QDialog {
+ public:
+  using Handler = void (*)(App&);
+  ForwardingDialog(App& app, QWidget* parent, Qt::WindowFlags flags, Handler onClose, Handler onEscape);
+
+  void reject() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+  App& app_;
+
+ private:
+  Handler onClose_;
+  Handler onEscape_;
+};
+
+class QtProgramInfoForm : public ForwardingDialog, public ProgramInfoView {
  public:
   QtProgramInfoForm(App& app, QWidget* parent);
 
@@ -30,14 +49,8 @@ class QtProgramInfoForm : public QDialog, public ProgramInfoView {
   QPlainTextEdit* programDescription;
   QPushButton* command1;
 
-  void reject() override;  // the form has no cancel: Esc does nothing
-
  protected:
-  void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
-
- private:
-  App& app_;
 };
 
 // Shows the page file, decoded from the program's 8-bit text; it follows no link and
@@ -48,21 +61,15 @@ class InfoBrowser : public QTextBrowser {
   QVariant loadResource(int type, const QUrl& name) override;
 };
 
-class MethodInfoDialog : public QDialog {
+class MethodInfoDialog : public ForwardingDialog {
  public:
   MethodInfoDialog(App& app, QWidget* parent);
 
   InfoBrowser* methodInfoBox;
-  QPushButton* command1;
-
-  void reject() override;  // Esc: Command1 is also the cancel button
+  QPushButton* command1;  // also the cancel button
 
  protected:
-  void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-
- private:
-  App& app_;
 };
 
 class QtMethodInfoForm : public MethodInfoView {
@@ -85,19 +92,11 @@ class QtMethodInfoForm : public MethodInfoView {
   QPointer<MethodInfoDialog> dialog_;
 };
 
-class AboutDialog : public QDialog {
+class AboutDialog : public ForwardingDialog {
  public:
   AboutDialog(App& app, QWidget* parent);
 
   QPushButton* command1;
-
-  void reject() override;  // no cancel button: Esc does nothing
-
- protected:
-  void closeEvent(QCloseEvent* event) override;
-
- private:
-  App& app_;
 };
 
 class QtAboutForm : public AboutView {
