@@ -10,7 +10,8 @@
 namespace tavlero {
 
 namespace {
-constexpr size_t kFontCacheSize = 8;
+constexpr size_t kFontCacheSize = 4;
+constexpr size_t kWidthCacheSize = 1 << 17;
 
 // The lines of a text: a line ends at CR LF, CR or LF.
 template <typename Visit>
@@ -69,28 +70,36 @@ int QtSurface::MeasureDevice::metric(PaintDeviceMetric metric) const {
   }
 }
 
-const QFontMetricsF& QtSurface::metrics() {
-  // Cells switch between two fonts all the time; building metrics is the costly part.
+QtSurface::MeasuredFont& QtSurface::measured() {
+  // Cells switch between two fonts all the time; building metrics is costly.
   auto it = std::find_if(fonts_.begin(), fonts_.end(), [&](const MeasuredFont& f) { return f.spec == Font; });
-  if (it != fonts_.end()) return it->metrics;
+  if (it != fonts_.end()) return *it;
   if (fonts_.size() >= kFontCacheSize) fonts_.erase(fonts_.begin());
-  fonts_.push_back({Font, QFontMetricsF(boardFont(Font, dpi_, device_), &device_)});
-  return fonts_.back().metrics;
+  fonts_.push_back({Font, QFontMetricsF(boardFont(Font, dpi_, device_), &device_), {}});
+  return fonts_.back();
+}
+
+double QtSurface::lineWidth(MeasuredFont& font, std::string_view line) {
+  std::string key(line);
+  auto it = font.widths.find(key);
+  if (it != font.widths.end()) return it->second;
+  if (font.widths.size() >= kWidthCacheSize) font.widths.clear();
+  double width = font.metrics.horizontalAdvance(fromCp1252(key));
+  font.widths.emplace(std::move(key), width);
+  return width;
 }
 
 float QtSurface::TextWidth(const std::string& text) {
-  const QFontMetricsF& fm = metrics();
+  MeasuredFont& font = measured();
   double widest = 0;
-  forEachLine(text, [&](std::string_view line) {
-    widest = std::max(widest, fm.horizontalAdvance(fromCp1252(std::string(line))));
-  });
+  forEachLine(text, [&](std::string_view line) { widest = std::max(widest, lineWidth(font, line)); });
   return static_cast<float>(widest / pixelsPerUnitX());
 }
 
 float QtSurface::TextHeight(const std::string& text) {
   int lines = 0;
   forEachLine(text, [&](std::string_view) { ++lines; });
-  return static_cast<float>(lines * metrics().height() / pixelsPerUnitY());
+  return static_cast<float>(lines * measured().metrics.height() / pixelsPerUnitY());
 }
 
 void QtSurface::SetFocus() {

@@ -8,6 +8,8 @@
 #include <QPaintDevice>
 #include <QString>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "board/surface.h"
@@ -74,8 +76,11 @@ class QtSurface : public Surface {
   struct MeasuredFont {
     FontSpec spec;
     QFontMetricsF metrics;
+    // A redraw measures the same texts again and again; shaping them is the cost.
+    std::unordered_map<std::string, double> widths;  // pixels
   };
-  const QFontMetricsF& metrics();
+  MeasuredFont& measured();
+  double lineWidth(MeasuredFont& font, std::string_view line);
 
   double dpi_;
   MeasureDevice device_;
