@@ -8,7 +8,6 @@
 #include "export/html_report.h"
 #include "export/info_view.h"
 #include "export/text_scheme.h"
-#include "qt/qt_outputs.h"
 
 namespace tavlero::cli {
 
@@ -59,9 +58,8 @@ int info(Session& session, std::vector<std::string>& args) {
 int picture(Session& session, std::vector<std::string>& args) {
   if (!twoPaths(args)) return usageError("picture tar IN.tvl OUT.bmp.");
   if (!session.open(args[0])) return kExitFailure;
-  QtPictureWriter writer;
   std::string reason;
-  if (writer.SavePicture(session.app().canvas, args[1], reason)) return kExitDone;
+  if (session.app().pictures.SavePicture(session.app().canvas, args[1], reason)) return kExitDone;
   showExportFailure(session.app(), args[1], reason);
   return kExitFailure;
 }
