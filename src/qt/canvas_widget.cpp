@@ -100,17 +100,14 @@ void CanvasWidget::paintEvent(QPaintEvent* event) {
   }
 }
 
-QPointF CanvasWidget::boardPoint(const QMouseEvent* event) const {
+void CanvasWidget::forward(MouseHandler handler, int16_t button, const QMouseEvent* event) {
   BoardScale s = scale();
-  return {event->position().x() / s.x, event->position().y() / s.y};
+  handler(app_, button, shiftState(event->modifiers()), static_cast<float>(event->position().x() / s.x),
+          static_cast<float>(event->position().y() / s.y));
 }
 
-void CanvasWidget::press(QMouseEvent* event) {
-  int16_t button = buttonCode(event->button());
-  if (!button) return;
-  QPointF at = boardPoint(event);
-  canvas_MouseDown(app_, button, shiftState(event->modifiers()), static_cast<float>(at.x()),
-                   static_cast<float>(at.y()));
+void CanvasWidget::press(const QMouseEvent* event) {
+  if (int16_t button = buttonCode(event->button())) forward(canvas_MouseDown, button, event);
 }
 
 void CanvasWidget::mousePressEvent(QMouseEvent* event) {
@@ -119,18 +116,12 @@ void CanvasWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 void CanvasWidget::mouseMoveEvent(QMouseEvent* event) {
-  QPointF at = boardPoint(event);
-  canvas_MouseMove(app_, buttonSet(event->buttons()), shiftState(event->modifiers()),
-                   static_cast<float>(at.x()), static_cast<float>(at.y()));
+  forward(canvas_MouseMove, buttonSet(event->buttons()), event);
 }
 
 void CanvasWidget::mouseReleaseEvent(QMouseEvent* event) {
   pressDelivered_ = false;
-  int16_t button = buttonCode(event->button());
-  if (!button) return;
-  QPointF at = boardPoint(event);
-  canvas_MouseUp(app_, button, shiftState(event->modifiers()), static_cast<float>(at.x()),
-                 static_cast<float>(at.y()));
+  if (int16_t button = buttonCode(event->button())) forward(canvas_MouseUp, button, event);
 }
 
 void CanvasWidget::mouseDoubleClickEvent(QMouseEvent* event) {

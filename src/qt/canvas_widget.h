@@ -38,8 +38,10 @@ class CanvasWidget : public QWidget, private SurfaceListener {
   void surfaceImageAdded(const BoardRect& bounds) override;
   void surfaceFocusRequested() override;
 
-  QPointF boardPoint(const QMouseEvent* event) const;  // in board units
-  void press(QMouseEvent* event);
+  using MouseHandler = void (*)(App&, int16_t Button, int16_t Shift, float X, float Y);
+  // Calls handler with the modifiers and the pointer in board units.
+  void forward(MouseHandler handler, int16_t button, const QMouseEvent* event);
+  void press(const QMouseEvent* event);
   void queueRepaint();
   BoardScale scale() const;
   QRect demoPixels() const;

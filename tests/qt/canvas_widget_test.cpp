@@ -13,35 +13,23 @@
 #include "files/project_file.h"
 #include "qt/board_painter.h"
 #include "qt/canvas_widget.h"
-#include "qt_test_app.h"
-#include "test_support.h"
+#include "qt_world.h"
 
 namespace tavlero {
 namespace {
 
 using testing::dataPath;
 
-class CanvasWidgetTest : public ::testing::Test {
+class CanvasWidgetTest : public ::testing::Test, protected testing::QtWorld {
  protected:
-  static void SetUpTestSuite() { testing::ensureQtApp(); }
-
   void SetUp() override {
     client.resize(967, 656);
-    canvas.setWidth(ui.clientWidth);
-    canvas.setHeight(ui.clientHeight);
-    zoomIn(app);
-    zoomOut(app);
+    startCanvas();
     ASSERT_TRUE(readProject(app, dataPath("qt/board.tvl")));
     client.show();
   }
 
-  // The centre of a cell's box, in pixels of the widget.
-  QPointF centreOf(int16_t cell) const {
-    const std::string& geometry = app.store.sizeList.List(cell);
-    auto value = [&](const char* key) { return textToNumber(getField(geometry, key)); };
-    return {(value("X1") + value("X2")) / 2 * canvas.pixelsPerUnitX(),
-            (value("Y1") + value("Y2")) / 2 * canvas.pixelsPerUnitY()};
-  }
+  QPointF centreOf(int16_t cell) const { return cellPixels(cell).center(); }
 
   void mouse(QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::MouseButtons held,
              Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
@@ -57,14 +45,6 @@ class CanvasWidgetTest : public ::testing::Test {
     QCoreApplication::sendEvent(&widget, &event);
   }
 
-  testing::FakeUi ui;
-  testing::FakeCommonDialog dialog;
-  testing::FakeClipboard clipboard;
-  testing::FakePictures pictures;
-  testing::FakePrinter printer;
-  testing::FakeForms forms;
-  QtSurface canvas{96};
-  App app{canvas, Platform{ui, dialog, clipboard, pictures, printer, forms}};
   QWidget client;
   CanvasWidget widget{app, canvas, &client};
 };

@@ -11,8 +11,7 @@
 #include "core/record.h"
 #include "files/project_file.h"
 #include "qt/main_window.h"
-#include "qt_test_app.h"
-#include "test_support.h"
+#include "qt_world.h"
 
 namespace tavlero {
 namespace {
@@ -34,10 +33,8 @@ struct Effect {
   std::function<bool(const Seen&)> happened;
 };
 
-class MainWindowTest : public ::testing::Test {
+class MainWindowTest : public ::testing::Test, protected testing::QtWorld {
  protected:
-  static void SetUpTestSuite() { testing::ensureQtApp(); }
-
   void SetUp() override {
     canvas.setWidth(ui.clientWidth);
     canvas.setHeight(ui.clientHeight);
@@ -77,14 +74,6 @@ class MainWindowTest : public ::testing::Test {
     EXPECT_TRUE(effect.happened(Seen{app, forms, clipboard, dialog, printer}));
   }
 
-  testing::FakeUi ui;
-  testing::FakeCommonDialog dialog;
-  testing::FakeClipboard clipboard;
-  testing::FakePictures pictures;
-  testing::FakePrinter printer;
-  testing::FakeForms forms;
-  QtSurface canvas{96};
-  App app{canvas, Platform{ui, dialog, clipboard, pictures, printer, forms}};
   MainWindow window{app, canvas};
 };
 

@@ -12,22 +12,15 @@
 #include "files/project_file.h"
 #include "qt/board_painter.h"
 #include "qt/qt_surface.h"
-#include "qt_test_app.h"
-#include "test_support.h"
+#include "qt_world.h"
 
 namespace tavlero {
 namespace {
 
 using testing::dataPath;
 
-struct BoardBox {
-  double x1, y1, x2, y2;  // pixels
-};
-
-class QtSurfaceTest : public ::testing::Test {
+class QtSurfaceTest : public ::testing::Test, protected testing::QtWorld {
  protected:
-  static void SetUpTestSuite() { testing::ensureQtApp(); }
-
   // A surface 100 by 80 board units of 2 mm, as the zoom leaves it.
   void SetUp() override {
     canvas.setWidth(200);
@@ -47,8 +40,6 @@ class QtSurfaceTest : public ::testing::Test {
     return QPoint(static_cast<int>(std::floor(x * canvas.pixelsPerUnitX())),
                   static_cast<int>(std::floor(y * canvas.pixelsPerUnitY())));
   }
-
-  QtSurface canvas{96};
 };
 
 int countColour(const QImage& picture, const QRect& area, QColor colour) {
@@ -229,29 +220,10 @@ TEST_F(QtSurfaceTest, PainterDrawsOnlyWhatMeetsTheArea) {
 class QtBoardTest : public QtSurfaceTest {
  protected:
   void SetUp() override {
-    QtSurfaceTest::SetUp();
-    canvas.setWidth(ui.clientWidth);
-    canvas.setHeight(ui.clientHeight);
-    zoomIn(app);
-    zoomOut(app);
+    startCanvas();
     ASSERT_TRUE(readProject(app, dataPath("qt/board.tvl")));
     ASSERT_EQ(app.store.itemList.ListCount(), 3);
   }
-
-  BoardBox box(int16_t cell) const {
-    const std::string& geometry = app.store.sizeList.List(cell);
-    auto value = [&](const char* key) { return textToNumber(getField(geometry, key)); };
-    return {value("X1") * canvas.pixelsPerUnitX(), value("Y1") * canvas.pixelsPerUnitY(),
-            value("X2") * canvas.pixelsPerUnitX(), value("Y2") * canvas.pixelsPerUnitY()};
-  }
-
-  testing::FakeUi ui;
-  testing::FakeCommonDialog dialog;
-  testing::FakeClipboard clipboard;
-  testing::FakePictures pictures;
-  testing::FakePrinter printer;
-  testing::FakeForms forms;
-  App app{canvas, Platform{ui, dialog, clipboard, pictures, printer, forms}};
 };
 
 TEST_F(QtBoardTest, CellsLinksAndSelectionShowInThePicture) {
@@ -259,16 +231,16 @@ TEST_F(QtBoardTest, CellsLinksAndSelectionShowInThePicture) {
   const QColor blue(0, 0, 255), green(0, 255, 0), black(0, 0, 0), red(255, 0, 0);
 
   // The solid cell: its inside is blue but for its two lines of text.
-  BoardBox solid = box(0);
-  QRect solidInside(QPoint(solid.x1 + 3, solid.y1 + 3), QPoint(solid.x2 - 3, solid.y2 - 3));
+  QRectF solid = cellPixels(0);
+  QRect solidInside(QPoint(solid.left() + 3, solid.top() + 3), QPoint(solid.right() - 3, solid.bottom() - 3));
   EXPECT_GT(countColour(picture, solidInside, blue), solidInside.width() * solidInside.height() * 6 / 10);
-  EXPECT_EQ(picture.pixelColor(QPoint(solid.x1 + 0.5, (solid.y1 + solid.y2) / 2)), black);
+  EXPECT_EQ(picture.pixelColor(QPoint(solid.left() + 0.5, (solid.top() + solid.bottom()) / 2)), black);
 
   // The striped cell: green rows with background rows between them, right of the text.
-  BoardBox striped = box(1);
-  int x = static_cast<int>(striped.x2 - 4);
+  QRectF striped = cellPixels(1);
+  int x = static_cast<int>(striped.right() - 4);
   int greenRows = 0, plainRows = 0;
-  for (int y = static_cast<int>(striped.y1 + 3); y < striped.y2 - 3; ++y) {
+  for (int y = static_cast<int>(striped.top() + 3); y < striped.bottom() - 3; ++y) {
     QColor c = picture.pixelColor(x, y);
     if (c == green)
       ++greenRows;
@@ -279,8 +251,8 @@ TEST_F(QtBoardTest, CellsLinksAndSelectionShowInThePicture) {
   EXPECT_GT(plainRows, greenRows);
 
   // The link to the right: dashed between the two cells.
-  int row = static_cast<int>((solid.y1 + solid.y2) / 2);
-  int from = static_cast<int>(solid.x2 + 3), to = static_cast<int>(striped.x1 - 10);
+  int row = static_cast<int>((solid.top() + solid.bottom()) / 2);
+  int from = static_cast<int>(solid.right() + 3), to = static_cast<int>(striped.left() - 10);
   int dashes = 0;
   for (int y = row - 2; y <= row + 2; ++y)
     dashes = std::max(dashes, countColour(picture, QRect(from, y, to - from, 1), black));
@@ -291,7 +263,7 @@ TEST_F(QtBoardTest, CellsLinksAndSelectionShowInThePicture) {
   app.store.selectedCell = 0;
   redrawBoard(app);
   QImage selected = render();
-  QRect leftSide(QPoint(solid.x1 - 2, solid.y1 + 3), QPoint(solid.x1 + 2, solid.y2 - 3));
+  QRect leftSide(QPoint(solid.left() - 2, solid.top() + 3), QPoint(solid.left() + 2, solid.bottom() - 3));
   EXPECT_GT(countColour(selected, leftSide, red), leftSide.height());
   EXPECT_EQ(countColour(picture, leftSide, red), 0);
 }

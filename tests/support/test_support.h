@@ -163,16 +163,21 @@ class FakeForms : public FormFactory {
   ProgramInfoView& programInfoForm() override { return programInfo; }
 };
 
-// The whole fake world with an App over a TestSurface.
-struct FakeWorld {
-  TestSurface canvas;
+// A fake of every platform interface, for an App over any surface.
+struct FakePlatform {
   FakeUi ui;
   FakeCommonDialog dialog;
   FakeClipboard clipboard;
   FakePictures pictures;
   FakePrinter printer;
   FakeForms forms;
-  App app{canvas, Platform{ui, dialog, clipboard, pictures, printer, forms}};
+  Platform platform() { return Platform{ui, dialog, clipboard, pictures, printer, forms}; }
+};
+
+// The whole fake world with an App over a TestSurface.
+struct FakeWorld : FakePlatform {
+  TestSurface canvas;
+  App app{canvas, platform()};
 
   // Appends a cell record the way the method dialog builds one, with its geometry
   // placeholder and long description; returns its index.

@@ -1,0 +1,39 @@
+#pragma once
+// The scripted fake platform of the tests around the real Qt surface, started as the
+// program starts, with the places where the logic drew the cells.
+
+#include <QRectF>
+
+#include "board/board.h"
+#include "core/app.h"
+#include "core/record.h"
+#include "qt/qt_surface.h"
+#include "qt_test_app.h"
+#include "test_support.h"
+
+namespace tavlero::testing {
+
+struct QtWorld : FakePlatform {
+  QtWorld() { ensureQtApp(); }
+
+  // As start-up leaves the canvas: the size of main's client area, a unit of 2 mm.
+  void startCanvas() {
+    canvas.setWidth(ui.clientWidth);
+    canvas.setHeight(ui.clientHeight);
+    zoomIn(app);
+    zoomOut(app);
+  }
+
+  // The box of a cell as it was last drawn, in pixels of the canvas.
+  QRectF cellPixels(int16_t cell) const {
+    const std::string& geometry = app.store.sizeList.List(cell);
+    auto value = [&](const char* key) { return textToNumber(getField(geometry, key)); };
+    return QRectF(QPointF(value("X1") * canvas.pixelsPerUnitX(), value("Y1") * canvas.pixelsPerUnitY()),
+                  QPointF(value("X2") * canvas.pixelsPerUnitX(), value("Y2") * canvas.pixelsPerUnitY()));
+  }
+
+  QtSurface canvas{96};
+  App app{canvas, platform()};
+};
+
+}  // namespace tavlero::testing
