@@ -145,10 +145,13 @@ TEST(FindCellAtBoard, AnswersAsTheWalkThroughEveryChange) {
     store.sizeList.setList(changed, anyBox());
     probes.push_back(inside(store.sizeList.List(changed)));
     for (int i = 0; i < 30; ++i) probes.push_back({place(random), place(random)});
-    for (Point p : probes)
+    for (Point p : probes) {
       ASSERT_EQ(findCellAt(store, p.x, p.y), lowestHolding(store, p.x, p.y))
           << "round " << round << " at " << p.x << ", " << p.y;
-    if (round % 10 == 0) ASSERT_EQ(findCellAt(other, 10, 10), 0);
+    }
+    if (round % 10 == 0) {
+      ASSERT_EQ(findCellAt(other, 10, 10), 0);
+    }
   }
   store.sizeList.Clear();
   EXPECT_EQ(findCellAt(store, 10, 10), -1);
