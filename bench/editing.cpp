@@ -65,6 +65,22 @@ void BM_FindCellAt(benchmark::State& state) {
 }
 BENCHMARK(BM_FindCellAt)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);
 
+// The first hit test after sizeList changed reads every geometry record once again; it
+// follows a redraw, which costs far more.
+void BM_FindCellAtAfterAChange(benchmark::State& state) {
+  auto world = drawnBoard(static_cast<int>(state.range(0)));
+  tavlero::StringList& sizes = world->app.store.sizeList;
+  Point p = insideCell(*world, static_cast<int>(state.range(0)) - 1);
+  std::string geometry = sizes.List(0);
+  bool moved = false;
+  for (auto _ : state) {
+    moved = !moved;
+    sizes.setList(0, moved ? geometry + " " : geometry);
+    benchmark::DoNotOptimize(tavlero::findCellAt(world->app.store, p.x, p.y));
+  }
+}
+BENCHMARK(BM_FindCellAtAfterAChange)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);
+
 // A drag step moves only the rectangle, whatever the size of the board.
 void BM_DragStep(benchmark::State& state) {
   auto world = drawnBoard(static_cast<int>(state.range(0)));
