@@ -48,9 +48,11 @@ class CellIndex {
   static constexpr int64_t kMostBuckets = 16;  // per axis, beyond that a box goes to wide_
   static constexpr double kLimit = 1 << 30;
 
-  // Monotonic in v, so a box that strictly holds a point covers the point's bucket.
+  // Monotonic in v, so a box that strictly holds a point covers the point's bucket. A NaN
+  // point, which no box holds, may look in any bucket.
   static int64_t bucketOf(float v) {
-    return static_cast<int64_t>(std::clamp(std::floor(static_cast<double>(v) / kBucket), -kLimit, kLimit));
+    double bucket = std::floor(static_cast<double>(v) / kBucket);
+    return std::isnan(bucket) ? 0 : static_cast<int64_t>(std::clamp(bucket, -kLimit, kLimit));
   }
   static uint64_t key(int64_t bx, int64_t by) {
     return (static_cast<uint64_t>(bx) << 32) ^ static_cast<uint32_t>(by);

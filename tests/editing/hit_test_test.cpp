@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <random>
 #include <string>
 #include <vector>
@@ -53,6 +54,8 @@ INSTANTIATE_TEST_SUITE_P(
         HitCase{"top edge", {kCell}, {25, 20}, -1}, HitCase{"bottom edge", {kCell}, {25, 50}, -1},
         HitCase{"just inside the corner", {kCell}, {10.01f, 49.99f}, 0},
         HitCase{"placeholder", {"X1: 0 Y1: 0 X2: 0 Y2: 0"}, {0, 0}, -1},
+        HitCase{"no number", {kCell}, {std::nanf(""), 35}, -1},
+        HitCase{"everywhere", {geometry(-1e30f, -1e30f, 1e30f, 1e30f)}, {-1e20f, 1e20f}, 0},
         HitCase{"after a miss", {geometry(0, 0, 5, 5), kCell}, {25, 35}, 1},
         HitCase{"overlap: lower index wins", {kCell, geometry(30, 40, 90, 90)}, {35, 45}, 0},
         HitCase{"overlap outside the lower one", {kCell, geometry(30, 40, 90, 90)}, {60, 45}, 1}));
