@@ -216,6 +216,26 @@ TEST_F(QtSurfaceTest, PainterDrawsOnlyWhatMeetsTheArea) {
   EXPECT_EQ(picture.pixelColor(px(65, 65)), QColor(Qt::white));
 }
 
+TEST_F(QtSurfaceTest, FarAwayAndDegenerateOperationsPaintWithoutHarm) {
+  canvas.FillStyle = 0;
+  canvas.FillColor = 255;
+  canvas.ForeColor = 0;
+  canvas.Line(1, 1, 1e9f, 1);
+  canvas.Line(-1e30f, 5, 1e30f, 5);
+  canvas.Box(-1e9f, -1e9f, 1e9f, 30);
+  canvas.Box(20, 20, 20, 20);
+  canvas.Circle(50, 50, 1e12f);
+  canvas.Circle(50, 50, -3);
+  canvas.Font = {"", 1e9f, true};
+  canvas.CurrentX = -1e7f;
+  canvas.Print(std::string("a\0b\x81\x8d\xff", 6));
+  canvas.setDrawWidth(32767);
+  canvas.Line(0, 0, 10, 10);
+  QImage picture = render();
+  // The box reaching far out fills what is in view.
+  EXPECT_EQ(picture.pixelColor(px(40, 20)), QColor(255, 0, 0));
+}
+
 // The logic draws a small board on the real surface: cells, fills, links, selection.
 class QtBoardTest : public QtSurfaceTest {
  protected:
