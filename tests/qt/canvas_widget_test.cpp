@@ -156,8 +156,14 @@ TEST_F(CanvasWidgetTest, DragsMoveTheCellOrPanTheBoard) {
 }
 
 TEST_F(CanvasWidgetTest, KeysArriveAsWindowsKeyCodesAndTypedCharacters) {
+  // F5 redraws the board: what a selection drew over it goes, the board stays.
+  size_t board = canvas.Image().size();
   click(centreOf(2));
   ASSERT_EQ(app.store.selectedCell, 2);
+  EXPECT_GT(canvas.Image().size(), board);
+  key(Qt::Key_F5, Qt::NoModifier, QString());
+  EXPECT_EQ(canvas.Image().size(), board);
+
   // A keypad digit is not a digit of the main block: no colour.
   key(Qt::Key_3, Qt::KeypadModifier, QStringLiteral("3"));
   EXPECT_EQ(app.store.currentColor, 16777215);
