@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The real program in a real X server: its window appears titled "Tavlero" with a project
 # named on the command line, shows the pointer's place in its title, and leaves through
-# its own menu (Alt+F, A) with status 0 and no question.
+# its own menu (Alt+F, A) with status 0 and no question. A project that cannot be opened
+# brings the message "Gale parametre" instead of the window, and the program ends.
 # Usage: window_xvfb.sh BUILD_BIN TEST_DATA
 set -uo pipefail
 
@@ -59,6 +60,29 @@ wait "$pid"
 status=$?
 [[ $status -eq 0 ]] || { echo "FAIL: exit status $status"; exit 1; }
 echo "window appeared, followed the pointer and closed with status 0"
+
+# A project in a folder that does not exist: the message, OK, and the end.
+"$program" "$(dirname "$project")/mangler/plan.tvl" &
+pid=$!
+box=""
+for _ in $(seq 150); do
+  box=$(xdotool search --onlyvisible --name '^Gale parametre$' 2>/dev/null | head -n 1)
+  [[ -n "$box" ]] && break
+  sleep 0.1
+done
+[[ -n "$box" ]] || fail "no message titled Gale parametre within 15 s"
+xdotool search --onlyvisible --name '^Tavlero$' >/dev/null 2>&1 && fail "the main window showed beside the message"
+xdotool windowfocus --sync "$box"
+xdotool key Return
+for _ in $(seq 100); do
+  kill -0 "$pid" 2>/dev/null || break
+  sleep 0.1
+done
+kill -0 "$pid" 2>/dev/null && fail "the program did not end after the message"
+wait "$pid"
+status=$?
+[[ $status -ne 0 ]] || { echo "FAIL: a failed start ended with status 0"; exit 1; }
+echo "a project that cannot be opened gave the message and ended the program (status $status)"
 INSIDE
 
 timeout 60 xvfb-run -a -s "-screen 0 1280x1024x24" bash "$work/inside.sh" "$work/tavlero" "$data/qt/board.tvl"
