@@ -201,10 +201,16 @@ TEST_F(CanvasWidgetTest, PaintsTheVisiblePartOfTheBoard) {
   QImage shown = widget.grab(QRect(0, 0, 967, 656)).toImage();
   EXPECT_EQ(shown.pixelColor(QPoint(fast.x() + 30, fast.y() + 5)), QColor(0, 0, 255));
 
-  // Panned far out, the widget paints the part that is now in view.
-  canvas.Move(-static_cast<float>(fast.x() * 25.4 / 96), 0);
+  // A cell far out grows the board to hundreds of thousands of pixels; panned there,
+  // the widget paints what is now in view.
+  app.store.itemList.setList(0, setField(app.store.itemList.List(0), "positionX", " 30000"));
+  redrawBoard(app);
+  fast = centreOf(0);
+  ASSERT_GT(widget.width(), 200000);
+  canvas.Move(-static_cast<float>((fast.x() - 100) * 25.4 / 96), 0);
+  ASSERT_LT(widget.x(), -200000);
   shown = widget.grab(QRect(-widget.x(), 0, 967, 656)).toImage();
-  EXPECT_EQ(shown.pixelColor(QPoint(30, fast.y() + 5)), QColor(0, 0, 255));
+  EXPECT_EQ(shown.pixelColor(QPoint(130, fast.y() + 5)), QColor(0, 0, 255));
   EXPECT_EQ(shown.pixelColor(QPoint(900, 600)), boardBackground());
 }
 
