@@ -81,6 +81,19 @@ void BM_FindCellAtAfterAChange(benchmark::State& state) {
 }
 BENCHMARK(BM_FindCellAtAfterAChange)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);
 
+// A press beside every cell asks for a link; like the cells, the links are found through
+// their parsed geometry, so this press too costs the same with 100 links or 10,000.
+void BM_PressOnEmptyBoard(benchmark::State& state) {
+  int count = static_cast<int>(state.range(0));
+  auto world = drawnBoard(count);
+  for (int i = 0; i < count; ++i)
+    world->addLinkRecord("metode" + std::to_string(i) + "()",
+                         "metode" + std::to_string((i + 1) % count) + "()");
+  tavlero::redrawBoard(world->app);
+  for (auto _ : state) tavlero::canvas_MouseDown(world->app, 1, 0, -50, -50);
+}
+BENCHMARK(BM_PressOnEmptyBoard)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);
+
 // A drag step moves only the rectangle, whatever the size of the board.
 void BM_DragStep(benchmark::State& state) {
   auto world = drawnBoard(static_cast<int>(state.range(0)));

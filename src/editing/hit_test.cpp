@@ -24,21 +24,73 @@ Geometry readGeometry(const std::string& record) {
           readCoordinate(record, "Y2")};
 }
 
-bool holds(const Geometry& g, float x, float y) {
-  return x > g.x1 && x < g.x2 && y > g.y1 && y < g.y2;
+bool holds(const Geometry& cell, float x, float y) {
+  return x > cell.x1 && x < cell.x2 && y > cell.y1 && y < cell.y2;
 }
 
-// The parsed rectangles of sizeList with a coarse grid over them, rebuilt only when the
-// list has changed since. A click then costs the same on any size of board, and the
-// answer stays that of a walk from index 0: the lowest cell that strictly holds the point.
-class CellIndex {
+bool strictlyBetween(float value, float a, float b) {
+  return a < b ? (value > a && value < b) : (value > b && value < a);
+}
+
+// Both marks live through the whole walk: a link that runs backwards changes how every
+// later flat or upright link is widened. A line without width or height gets one of 2,
+// so that the box test and the divisions have something to work with.
+std::vector<Geometry> widenedLinks(const StringList& linkSizeList) {
+  std::vector<Geometry> links;
+  bool reversedLink = false;
+  bool risingLink = false;
+  for (const std::string& record : linkSizeList.items()) {
+    Geometry g = readGeometry(record);
+    if (g.x1 > g.x2 || g.y1 > g.y2) reversedLink = true;
+    if (g.y1 > g.y2) risingLink = true;
+    if (g.x1 == g.x2) {
+      g.x1 += reversedLink ? 1.0f : -1.0f;
+      g.x2 += reversedLink ? -1.0f : 1.0f;
+    }
+    if (g.y1 == g.y2) {
+      g.y1 += risingLink ? 1.0f : -1.0f;
+      g.y2 += risingLink ? -1.0f : 1.0f;
+    }
+    links.push_back(g);
+  }
+  return links;
+}
+
+// Within the box of the widened line, and within 2 units of it along one axis only.
+bool near(const Geometry& link, float x, float y) {
+  if (!strictlyBetween(x, link.x1, link.x2) || !strictlyBetween(y, link.y1, link.y2)) return false;
+  float dx = link.x2 - link.x1;
+  float dy = link.y2 - link.y1;
+  float expectedX = x;
+  float expectedY = y;
+  // Signed on purpose: which axis is measured follows from the direction of the link.
+  if (dy < dx) {
+    float slope = dy / dx;
+    expectedY = link.y1 + slope * (x - link.x1);
+  } else {
+    float slope = dx / dy;
+    expectedX = link.x1 + slope * (y - link.y1);
+  }
+  return x + 2 > expectedX && x - 2 < expectedX && y + 2 > expectedY && y - 2 < expectedY;
+}
+
+// The geometry of one list, parsed, with a coarse grid over the boxes, made again only
+// when the list has changed since. A press then costs the same on any size of board, and
+// the answer stays that of a walk from index 0: the lowest entry that the test accepts,
+// among those whose box strictly holds the point (the only ones the test can accept).
+class GeometryIndex {
  public:
-  int16_t find(const StringList& sizeList, float x, float y) {
-    if (sizeList.revision() != revision_ || sizeList.ListCount() != count_) rebuild(sizeList);
+  using Reader = std::vector<Geometry> (*)(const StringList&);
+  using Test = bool (*)(const Geometry&, float, float);
+
+  GeometryIndex(Reader read, Test test) : read_(read), test_(test) {}
+
+  int16_t find(const StringList& list, float x, float y) {
+    if (list.revision() != revision_ || list.ListCount() != count_) rebuild(list);
     int16_t found = -1;
     auto bucket = buckets_.find(key(bucketOf(x), bucketOf(y)));
-    if (bucket != buckets_.end()) found = firstHolding(bucket->second, x, y);
-    int16_t wide = firstHolding(wide_, x, y);
+    if (bucket != buckets_.end()) found = firstAccepted(bucket->second, x, y);
+    int16_t wide = firstAccepted(wide_, x, y);
     if (wide != -1 && (found == -1 || wide < found)) found = wide;
     return found;
   }
@@ -58,90 +110,61 @@ class CellIndex {
     return (static_cast<uint64_t>(bx) << 32) ^ static_cast<uint32_t>(by);
   }
 
-  int16_t firstHolding(const std::vector<int16_t>& indices, float x, float y) const {
+  int16_t firstAccepted(const std::vector<int16_t>& indices, float x, float y) const {
     for (int16_t i : indices)
-      if (holds(boxes_[static_cast<size_t>(i)], x, y)) return i;
+      if (test_(entries_[static_cast<size_t>(i)], x, y)) return i;
     return -1;
   }
 
-  void rebuild(const StringList& sizeList) {
-    revision_ = sizeList.revision();
-    count_ = sizeList.ListCount();
-    boxes_.clear();
+  void rebuild(const StringList& list) {
+    revision_ = list.revision();
+    count_ = list.ListCount();
+    entries_ = read_(list);
     buckets_.clear();
     wide_.clear();
     for (int16_t i = 0; i < count_; ++i) {
-      Geometry g = readGeometry(sizeList.List(i));
-      boxes_.push_back(g);
-      // A box without inside (a placeholder, a NaN) can hold no point.
-      if (!(g.x1 < g.x2 && g.y1 < g.y2)) continue;
-      int64_t left = bucketOf(g.x1), right = bucketOf(g.x2);
-      int64_t top = bucketOf(g.y1), bottom = bucketOf(g.y2);
-      if (right - left >= kMostBuckets || bottom - top >= kMostBuckets) {
+      const Geometry& g = entries_[static_cast<size_t>(i)];
+      float left = std::min(g.x1, g.x2), right = std::max(g.x1, g.x2);
+      float top = std::min(g.y1, g.y2), bottom = std::max(g.y1, g.y2);
+      // A box without inside (a placeholder, a NaN) holds no point.
+      if (!(left < right && top < bottom)) continue;
+      int64_t fromX = bucketOf(left), toX = bucketOf(right);
+      int64_t fromY = bucketOf(top), toY = bucketOf(bottom);
+      if (toX - fromX >= kMostBuckets || toY - fromY >= kMostBuckets) {
         wide_.push_back(i);
         continue;
       }
-      for (int64_t bx = left; bx <= right; ++bx)
-        for (int64_t by = top; by <= bottom; ++by) buckets_[key(bx, by)].push_back(i);
+      for (int64_t bx = fromX; bx <= toX; ++bx)
+        for (int64_t by = fromY; by <= toY; ++by) buckets_[key(bx, by)].push_back(i);
     }
   }
 
+  Reader read_;
+  Test test_;
   uint64_t revision_ = 0;
   int16_t count_ = -1;
-  std::vector<Geometry> boxes_;
+  std::vector<Geometry> entries_;
   std::unordered_map<uint64_t, std::vector<int16_t>> buckets_;
   std::vector<int16_t> wide_;
 };
 
-bool strictlyBetween(float value, float a, float b) {
-  return a < b ? (value > a && value < b) : (value > b && value < a);
+std::vector<Geometry> cellBoxes(const StringList& sizeList) {
+  std::vector<Geometry> cells;
+  cells.reserve(sizeList.items().size());
+  for (const std::string& record : sizeList.items()) cells.push_back(readGeometry(record));
+  return cells;
 }
 
 }  // namespace
 
 int16_t findCellAt(const ProjectStore& store, float x, float y) {
-  thread_local CellIndex index;
-  return index.find(store.sizeList, x, y);
+  thread_local GeometryIndex cells(cellBoxes, holds);
+  return cells.find(store.sizeList, x, y);
 }
 
 int16_t findLinkAt(const ProjectStore& store, float x, float y) {
-  // Both marks live through the whole walk: a link that runs backwards changes how every
-  // later flat or upright link is widened.
-  bool reversedLink = false;
-  bool risingLink = false;
-  int16_t count = store.linkSizeList.ListCount();
-  for (int16_t i = 0; i < count; ++i) {
-    Geometry g = readGeometry(store.linkSizeList.List(i));
-    if (g.x1 > g.x2 || g.y1 > g.y2) reversedLink = true;
-    if (g.y1 > g.y2) risingLink = true;
-
-    // A line without width or height gets one of 2, so that the box test and the
-    // divisions below have something to work with.
-    if (g.x1 == g.x2) {
-      g.x1 += reversedLink ? 1.0f : -1.0f;
-      g.x2 += reversedLink ? -1.0f : 1.0f;
-    }
-    if (g.y1 == g.y2) {
-      g.y1 += risingLink ? 1.0f : -1.0f;
-      g.y2 += risingLink ? -1.0f : 1.0f;
-    }
-    if (!strictlyBetween(x, g.x1, g.x2) || !strictlyBetween(y, g.y1, g.y2)) continue;
-
-    float dx = g.x2 - g.x1;
-    float dy = g.y2 - g.y1;
-    float expectedX = x;
-    float expectedY = y;
-    // Signed on purpose: which axis is measured follows from the direction of the link.
-    if (dy < dx) {
-      float slope = dy / dx;
-      expectedY = g.y1 + slope * (x - g.x1);
-    } else {
-      float slope = dx / dy;
-      expectedX = g.x1 + slope * (y - g.y1);
-    }
-    if (x + 2 > expectedX && x - 2 < expectedX && y + 2 > expectedY && y - 2 < expectedY) return i;
-  }
-  return -1;
+  thread_local GeometryIndex links(widenedLinks, near);
+  return links.find(store.linkSizeList, x, y);
 }
 
 }  // namespace tavlero

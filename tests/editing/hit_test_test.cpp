@@ -160,6 +160,73 @@ TEST(FindCellAtBoard, AnswersAsTheWalkThroughEveryChange) {
   EXPECT_EQ(findCellAt(store, 10, 10), -1);
 }
 
+// The answer of a walk over freshly read link records, with the two marks carried on.
+int16_t firstLinkNear(const ProjectStore& store, float x, float y) {
+  bool reversed = false, rising = false;
+  for (int16_t i = 0; i < store.linkSizeList.ListCount(); ++i) {
+    const std::string& g = store.linkSizeList.List(i);
+    auto read = [&](const char* key) { return toSingle(textToNumber(getField(g, key))); };
+    float x1 = read("X1"), y1 = read("Y1"), x2 = read("X2"), y2 = read("Y2");
+    reversed = reversed || x1 > x2 || y1 > y2;
+    rising = rising || y1 > y2;
+    if (x1 == x2) x1 += reversed ? 1.0f : -1.0f, x2 += reversed ? -1.0f : 1.0f;
+    if (y1 == y2) y1 += rising ? 1.0f : -1.0f, y2 += rising ? -1.0f : 1.0f;
+    if (!(std::min(x1, x2) < x && x < std::max(x1, x2) && std::min(y1, y2) < y && y < std::max(y1, y2)))
+      continue;
+    float dx = x2 - x1, dy = y2 - y1, ex = x, ey = y;
+    if (dy < dx) {
+      float slope = dy / dx;
+      ey = y1 + slope * (x - x1);
+    } else {
+      float slope = dx / dy;
+      ex = x1 + slope * (y - y1);
+    }
+    if (x + 2 > ex && x - 2 < ex && y + 2 > ey && y - 2 < ey) return i;
+  }
+  return -1;
+}
+
+TEST(FindLinkAtBoard, AnswersAsTheWalkThroughEveryChange) {
+  std::mt19937 random(4711);
+  std::uniform_real_distribution<float> place(-100, 600);
+  std::uniform_real_distribution<float> length(-150, 150);
+  std::uniform_real_distribution<float> along(0, 1);
+  std::uniform_real_distribution<float> off(-3, 3);
+  // Flat, upright and slanted lines in all four directions, and a few undrawn ones.
+  auto anyLine = [&] {
+    float x = place(random), y = place(random);
+    switch (random() % 8) {
+      case 0:
+        return std::string("<X1>0</X1><Y1>0</Y1><X2>0</X2><Y2>0</Y2>");
+      case 1:
+        return geometry(x, y, x + length(random), y);
+      case 2:
+        return geometry(x, y, x, y + length(random));
+      default:
+        return geometry(x, y, x + length(random), y + length(random));
+    }
+  };
+  auto nearLine = [&](const std::string& g) {
+    auto read = [&](const char* key) { return toSingle(textToNumber(getField(g, key))); };
+    float t = along(random);
+    return Point{read("X1") + t * (read("X2") - read("X1")) + off(random),
+                 read("Y1") + t * (read("Y2") - read("Y1")) + off(random)};
+  };
+  ProjectStore store;
+  for (int i = 0; i < 200; ++i) store.linkSizeList.AddItem(anyLine());
+  for (int round = 0; round < 60; ++round) {
+    auto changed = static_cast<int16_t>(random() % 200);
+    std::vector<Point> probes = {nearLine(store.linkSizeList.List(changed))};
+    store.linkSizeList.setList(changed, anyLine());
+    for (int i = 0; i < 30; ++i)
+      probes.push_back(nearLine(store.linkSizeList.List(static_cast<int16_t>(random() % 200))));
+    for (Point p : probes) {
+      ASSERT_EQ(findLinkAt(store, p.x, p.y), firstLinkNear(store, p.x, p.y))
+          << "round " << round << " at " << p.x << ", " << p.y;
+    }
+  }
+}
+
 TEST(FindCellAtBoard, AMovedCellIsFoundAtItsNewPlaceAtOnce) {
   ProjectStore store;
   store.sizeList.AddItem(geometry(10, 10, 40, 30));
