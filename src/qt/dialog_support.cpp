@@ -1,5 +1,7 @@
 #include "qt/dialog_support.h"
 
+#include <QLabel>
+#include <algorithm>
 #include <cmath>
 
 #include "core/cp1252.h"
@@ -16,7 +18,10 @@ int pixels(double twips) {
 }
 
 void place(QWidget* widget, double left, double top, double width, double height) {
-  widget->setGeometry(pixels(left), pixels(top), pixels(width), pixels(height));
+  int widthInPixels = pixels(width);
+  // The boxes were measured for another font: a label grows rather than cut its text.
+  if (qobject_cast<QLabel*>(widget)) widthInPixels = std::max(widthInPixels, widget->sizeHint().width());
+  widget->setGeometry(pixels(left), pixels(top), widthInPixels, pixels(height));
 }
 
 QString multiLineText(const std::string& text) {
