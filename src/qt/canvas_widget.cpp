@@ -19,7 +19,7 @@ namespace {
 constexpr double kMaxOffset = 1 << 30;
 
 int toPixels(double value, double low, double high) {
-  return static_cast<int>(std::clamp(std::round(value), low, high));
+  return std::isnan(value) ? 0 : static_cast<int>(std::clamp(std::round(value), low, high));
 }
 }  // namespace
 
@@ -77,7 +77,9 @@ void CanvasWidget::queueRepaint() {
 QRect CanvasWidget::demoPixels() const {
   const DemoRectangle& demo = app_.demoRectangle;
   BoardScale s = scale();
-  return QRectF(demo.Left * s.x, demo.Top * s.y, demo.Width * s.x, demo.Height * s.y).toRect();
+  return QRect(toPixels(demo.Left * s.x, -kMaxOffset, kMaxOffset),
+               toPixels(demo.Top * s.y, -kMaxOffset, kMaxOffset), toPixels(demo.Width * s.x, 0, kMaxOffset),
+               toPixels(demo.Height * s.y, 0, kMaxOffset));
 }
 
 void CanvasWidget::demoRectangleChanged() {

@@ -223,11 +223,16 @@ TEST_F(MainWindowTest, ActivationHandsTheFocusToTheCanvas) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   EXPECT_EQ(QApplication::focusWidget(), &window.canvas());
 
-  // Disabled, main takes no input but keeps its place.
+  // Disabled, main takes no input: neither the canvas nor the menus and their shortcuts.
+  canvas.Move(-40, -30);
   window.setInputEnabled(false);
   EXPECT_FALSE(window.canvas().isEnabled());
   EXPECT_FALSE(window.menuBar()->isEnabled());
+  QTest::keySequence(&window, QKeySequence(Qt::CTRL | Qt::Key_R));
+  EXPECT_EQ(canvas.Left(), -40);
   window.setInputEnabled(true);
+  QTest::keySequence(&window, QKeySequence(Qt::CTRL | Qt::Key_R));
+  EXPECT_EQ(canvas.Left(), 0);
   window.focusMain();
   EXPECT_EQ(QApplication::focusWidget(), &window.canvas());
 }
