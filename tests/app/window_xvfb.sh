@@ -22,19 +22,32 @@ cat >"$work/inside.sh" <<'INSIDE'
 set -uo pipefail
 program=$1
 project=$2
-fail() { echo "FAIL: $*"; kill "$pid" 2>/dev/null; exit 1; }
+fail() { echo "FAIL: $*" >&2; kill "$pid" 2>/dev/null; exit 1; }
+
+# The visible window of that exact title, waited for up to 15 s while the program runs.
+visibleWindow() {
+  for _ in $(seq 150); do
+    xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n 1 | grep . && return
+    kill -0 "$pid" 2>/dev/null || fail "the program ended before a window titled $1 appeared"
+    sleep 0.1
+  done
+  fail "no window titled $1 within 15 s"
+}
+
+# Waits up to 10 s for the program to end; its exit status in status.
+awaitEnd() {
+  for _ in $(seq 100); do
+    kill -0 "$pid" 2>/dev/null || break
+    sleep 0.1
+  done
+  kill -0 "$pid" 2>/dev/null && fail "the program did not end after $1"
+  wait "$pid"
+  status=$?
+}
 
 "$program" "$project" &
 pid=$!
-
-window=""
-for _ in $(seq 150); do
-  window=$(xdotool search --onlyvisible --name '^Tavlero$' 2>/dev/null | head -n 1)
-  [[ -n "$window" ]] && break
-  kill -0 "$pid" 2>/dev/null || fail "the program ended before its window appeared"
-  sleep 0.1
-done
-[[ -n "$window" ]] || fail "no window titled Tavlero within 15 s"
+window=$(visibleWindow Tavlero) || exit 1
 
 # A move over the board puts the project's name and the pointer's place in the title.
 xdotool mousemove --window "$window" 300 200
@@ -51,37 +64,19 @@ xdotool windowfocus --sync "$window"
 xdotool key alt+f
 sleep 0.5
 xdotool key a
-for _ in $(seq 100); do
-  kill -0 "$pid" 2>/dev/null || break
-  sleep 0.1
-done
-kill -0 "$pid" 2>/dev/null && fail "the program did not end after Alt+F, A"
-wait "$pid"
-status=$?
-[[ $status -eq 0 ]] || { echo "FAIL: exit status $status"; exit 1; }
+awaitEnd "Alt+F, A"
+[[ $status -eq 0 ]] || fail "exit status $status"
 echo "window appeared, followed the pointer and closed with status 0"
 
 # A project in a folder that does not exist: the message, OK, and the end.
 "$program" "$(dirname "$project")/mangler/plan.tvl" &
 pid=$!
-box=""
-for _ in $(seq 150); do
-  box=$(xdotool search --onlyvisible --name '^Gale parametre$' 2>/dev/null | head -n 1)
-  [[ -n "$box" ]] && break
-  sleep 0.1
-done
-[[ -n "$box" ]] || fail "no message titled Gale parametre within 15 s"
+box=$(visibleWindow "Gale parametre") || exit 1
 xdotool search --onlyvisible --name '^Tavlero$' >/dev/null 2>&1 && fail "the main window showed beside the message"
 xdotool windowfocus --sync "$box"
 xdotool key Return
-for _ in $(seq 100); do
-  kill -0 "$pid" 2>/dev/null || break
-  sleep 0.1
-done
-kill -0 "$pid" 2>/dev/null && fail "the program did not end after the message"
-wait "$pid"
-status=$?
-[[ $status -ne 0 ]] || { echo "FAIL: a failed start ended with status 0"; exit 1; }
+awaitEnd "the message"
+[[ $status -ne 0 ]] || fail "a failed start ended with status 0"
 echo "a project that cannot be opened gave the message and ended the program (status $status)"
 INSIDE
 
