@@ -66,25 +66,16 @@ int16_t shiftState(Qt::KeyboardModifiers modifiers) {
   return state;
 }
 
-int16_t buttonCode(Qt::MouseButton button) {
-  switch (button) {
-    case Qt::LeftButton:
-      return 1;
-    case Qt::RightButton:
-      return 2;
-    case Qt::MiddleButton:
-      return 4;
-    default:
-      return 0;
-  }
-}
-
 int16_t buttonSet(Qt::MouseButtons buttons) {
   int16_t set = 0;
   if (buttons & Qt::LeftButton) set += 1;
   if (buttons & Qt::RightButton) set += 2;
   if (buttons & Qt::MiddleButton) set += 4;
   return set;
+}
+
+int16_t buttonCode(Qt::MouseButton button) {
+  return buttonSet(button);
 }
 
 int16_t keyAscii(const QString& text, Qt::KeyboardModifiers modifiers) {
