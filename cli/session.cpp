@@ -1,6 +1,8 @@
 #include <algorithm>
+#include <filesystem>
 
 #include "cli.h"
+#include "core/cp1252.h"
 #include "core/startup.h"
 
 namespace tavlero::cli {
@@ -24,6 +26,14 @@ void Session::start() {
 }
 
 bool Session::open(const std::string& in) {
+  // The program makes an empty plan for a new name; a tool that only reads a plan must
+  // not leave one behind where there was none.
+  std::error_code error;
+  if (!std::filesystem::exists(in, error)) {
+    app_.ui.MsgBox("En feil oppstod under åpning av filen: '"_cp + utf8ToCp1252(in) + "'", MsgButtons::OK,
+                   MsgIcon::Critical, "Gale parametre");
+    return false;
+  }
   return Form_Load(app_, programPath_, in, settingsPath_);
 }
 
