@@ -29,34 +29,38 @@ TEST(Settings, MissingOrEmptyFileIsMadeWithDefaults) {
 struct ValueCase {
   std::string file;
   int16_t nameFontSize;
-  bool doubleDraw;  // true before loading
+  int doubleDraw;  // 0 False, 1 True, -1 left as it was
   std::string actionKey;
 };
 
 class SettingsValues : public ::testing::TestWithParam<ValueCase> {};
 
 TEST_P(SettingsValues, AreTakenByTheirOwnRule) {
-  FileWorld world;
-  writeFile(world.app.store.settingsPath, GetParam().file);
-  loadSettings(world.app);
-  EXPECT_EQ(readFile(world.app.store.settingsPath), GetParam().file);  // never rewritten
-  EXPECT_EQ(world.app.store.nameFontSize, GetParam().nameFontSize);
-  EXPECT_EQ(world.app.store.doubleDraw, GetParam().doubleDraw);
-  EXPECT_EQ(world.app.store.actionKey, GetParam().actionKey);
+  for (bool before : {false, true}) {
+    FileWorld world;
+    writeFile(world.app.store.settingsPath, GetParam().file);
+    world.app.store.doubleDraw = before;
+    loadSettings(world.app);
+    EXPECT_EQ(readFile(world.app.store.settingsPath), GetParam().file);  // never rewritten
+    EXPECT_EQ(world.app.store.nameFontSize, GetParam().nameFontSize);
+    EXPECT_EQ(world.app.store.doubleDraw, GetParam().doubleDraw < 0 ? before : GetParam().doubleDraw == 1);
+    EXPECT_EQ(world.app.store.actionKey, GetParam().actionKey);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Settings, SettingsValues,
-    ::testing::Values(
-        ValueCase{" ", 0, true, ""},  // one blank is not empty: no defaults, every key missing
-        ValueCase{"<nameFontSize>6.5</nameFontSize><actionKey>n</actionKey>", 6, true, "n"},
-        ValueCase{"<nameFontSize>7.5</nameFontSize><doubleDraw>False</doubleDraw>", 8, false, ""},
-        ValueCase{"<doubleDraw>fALSE</doubleDraw><nameFontSize> 9 </nameFontSize>", 9, false, ""},
-        ValueCase{"<doubleDraw>0</doubleDraw>", 0, false, ""},
-        ValueCase{"<doubleDraw>-2.5</doubleDraw><doubleDraw>0</doubleDraw>", 0, true, ""},
-        ValueCase{"<doubleDraw>maybe</doubleDraw>", 0, true, ""},
-        ValueCase{"<doubleDraw>1e</doubleDraw>", 0, true, ""},
-        ValueCase{"<nameFontSize>99999</nameFontSize><actionKey>Kx</actionKey>", 32767, true, "Kx"}));
+    ::testing::Values(ValueCase{" ", 0, -1, ""},  // one blank is not empty: no defaults, every key missing
+                      ValueCase{"<nameFontSize>6.5</nameFontSize><actionKey>n</actionKey>", 6, -1, "n"},
+                      ValueCase{"<nameFontSize>7.5</nameFontSize><doubleDraw>False</doubleDraw>", 8, 0, ""},
+                      ValueCase{"<doubleDraw>tRUE</doubleDraw><nameFontSize> 9 </nameFontSize>", 9, 1, ""},
+                      ValueCase{"<doubleDraw>fALSE</doubleDraw>", 0, 0, ""},
+                      ValueCase{"<doubleDraw>0</doubleDraw><doubleDraw>1</doubleDraw>", 0, 0, ""},
+                      ValueCase{"<doubleDraw>-2.5</doubleDraw><doubleDraw>0</doubleDraw>", 0, 1, ""},
+                      ValueCase{"<doubleDraw>maybe</doubleDraw>", 0, -1, ""},
+                      ValueCase{"<doubleDraw>1e</doubleDraw>", 0, -1, ""},
+                      ValueCase{"<nameFontSize>99999</nameFontSize><actionKey>Kx</actionKey>", 32767, -1,
+                                "Kx"}));
 
 TEST(Settings, FileThatCannotBeMadeOrReadLeavesTheValues) {
   FileWorld world;
