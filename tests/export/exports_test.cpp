@@ -1,124 +1,179 @@
-// What the exports share: the file exports write the worked example's bytes, and every
-// export reads the project and nothing else (no record, selection, view, flag or file
-// name changes, and the next plain save still goes to the project's own file).
+// What the exports share: the worked example's bytes, and that every export only reads
+// the project, so that the next plain save still goes to the project's own file.
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
-#include <functional>
+#include <tuple>
 
-#include "board/board.h"
 #include "export/html_report.h"
 #include "export/info_view.h"
 #include "export/pictures.h"
 #include "export/text_scheme.h"
-#include "export_fixture.h"
 #include "files/project_commands.h"
+#include "files/project_file.h"
+#include "test_support.h"
 
 namespace tavlero::testing {
 namespace {
 
 namespace fs = std::filesystem;
 
-struct ExportCase {
-  std::string label;
-  std::function<void(App&)> run;
-  std::string outputName;    // the file the export writes, empty for none
-  bool writesItself = true;  // false where the file is the platform's to write
-  std::string filter = "";
-  std::string expected = "";  // the worked example's file, for the text exports
-};
-
-void PrintTo(const ExportCase& c, std::ostream* os) {
-  *os << c.label;
+// Everything an export must leave as it found it.
+auto snapshotOf(FakeWorld& world) {
+  const ProjectStore& s = world.app.store;
+  std::vector<std::string> longDescriptions;
+  for (int16_t i = 0; i < s.itemList.ListCount(); ++i) longDescriptions.push_back(s.getLongDescription(i));
+  return std::tuple(s.itemList.items(), s.sizeList.items(), s.linkList.items(), s.linkSizeList.items(),
+                    longDescriptions, s.programName, s.programDescription, s.projectFileName, s.projectFolder,
+                    s.selectedCell, s.selectedLink, s.isSaved, s.zoomFactor, world.canvas.Left(),
+                    world.canvas.Top(), world.canvas.Width(), world.canvas.Height(),
+                    world.canvas.Image().size());
 }
 
-class ExportTest : public ::testing::TestWithParam<ExportCase> {
+// The info view writes into the current folder: each test gets its own.
+class Exports : public ::testing::Test {
  protected:
-  void SetUp() override {
-    loadExample(world_);
-    redrawBoard(world_.app);
-    ProjectStore& store = world_.app.store;
-    store.selectedCell = 1;
-    store.projectFileName = "butikk.tvl";
-    store.projectFolder = dir_.path();
-    store.isSaved = false;
-    previous_ = fs::current_path();
-    fs::current_path(dir_.path());
-  }
+  void SetUp() override { fs::current_path(dir_.path()); }
   void TearDown() override { fs::current_path(previous_); }
 
+  // Runs an export that writes a file which was there before; returns what stands in it.
+  std::string saved(FakeWorld& world, void (*command)(App&), const std::string& file = "out") {
+    writeFile(dir_.file(file), "an old file");
+    world.dialog.saveAnswers.push_back(dir_.file("out"));
+    command(world.app);
+    return readFile(dir_.file(file));
+  }
+
+  // Butikk: Les (white, "Leser fil", "Åpner filen.") uses Sjekk (red, "Sjekker").
+  void loadExample(FakeWorld& world) {
+    ASSERT_TRUE(readProject(world.app, dataPath("export/example/plan.tvl")));
+  }
+
+  fs::path previous_ = fs::current_path();
   TempDir dir_;
-  fs::path previous_;
   FakeWorld world_;
 };
 
-using ExportsOnlyRead = ExportTest;
-using ExampleFile = ExportTest;
-
-// The worked example as the file exports write it, with the filter of each dialog.
-TEST_P(ExampleFile, ByteForByte) {
-  const ExportCase& c = GetParam();
-  world_.app.store.selectedCell = -1;
-  world_.dialog.saveAnswers.push_back(dir_.file(c.outputName));
-  c.run(world_.app);
-  EXPECT_EQ(readFile(dir_.file(c.outputName)), exampleFile(c.expected));
-  EXPECT_EQ(world_.dialog.filtersSeen, std::vector<std::string>{c.filter});
-  EXPECT_EQ(world_.dialog.DefaultExt, c.filter.substr(c.filter.find('|') + 1));
+TEST_F(Exports, WorkedExamplesByteForByte) {
+  struct Example {
+    std::string expected;
+    void (*run)(App&);
+    int16_t selected;
+    std::string from;  // the file written, or empty for the clipboard
+  };
+  const Example examples[] = {{"scheme.txt", saveSchemeText, -1, "out"},
+                              {"clipboard.txt", copySchemeText, -1, ""},
+                              {"report.html", saveHtmlReport, -1, "out"},
+                              {"info_project.html", showMethodInfo, -1, "TavleroTemp.html"},
+                              {"info_les.html", showMethodInfo, 0, "TavleroTemp.html"}};
+  for (const auto& [expected, run, selected, from] : examples) {
+    FakeWorld world;
+    loadExample(world);
+    world.app.store.selectedCell = selected;
+    const std::string written = saved(world, run, from.empty() ? "out" : from);
+    EXPECT_EQ(from.empty() ? world.clipboard.text : written, readFile(dataPath("export/example/" + expected)))
+        << expected;
+  }
 }
 
-using FileExportFailure = ExportTest;
-
-TEST_P(ExportsOnlyRead, AndTheNextSaveGoesToTheProjectFile) {
-  const ExportCase& c = GetParam();
-  ProjectSnapshot before = snapshotOf(world_);
-  if (!c.outputName.empty()) world_.dialog.saveAnswers.push_back(dir_.file(c.outputName));
-  c.run(world_.app);
-  EXPECT_EQ(snapshotOf(world_), before);
-  EXPECT_TRUE(world_.ui.messages.empty());
-  if (!c.outputName.empty() && c.writesItself) EXPECT_TRUE(fs::exists(dir_.file(c.outputName)));
-
-  saveProject_Click(world_.app);
-  EXPECT_TRUE(fs::exists(dir_.file("butikk.tvl")));
-  EXPECT_TRUE(world_.app.store.isSaved);
+TEST_F(Exports, EmptyProjectLeavesTheClipboardAndWritesTheFramesAlone) {
+  world_.clipboard.SetText("was there");
+  copySchemeText(world_.app);
+  EXPECT_EQ(world_.clipboard.clears, 0);
+  EXPECT_EQ(world_.clipboard.text, "was there");
+  EXPECT_EQ(saved(world_, saveSchemeText), "");
+  EXPECT_EQ(saved(world_, saveHtmlReport),
+            "<html><body>\r\n<h1></h1>\r\n<big><pre></pre></big><hr />\r\n</body></html>\r\n");
+  // The picture tests for no empty project, and takes the text off the clipboard.
+  copyBoardPicture(world_.app);
+  EXPECT_FALSE(world_.clipboard.hasText);
+  EXPECT_EQ(world_.clipboard.pictures, 1);
 }
 
-TEST_P(FileExportFailure, NamesTheFileAndLeavesTheProject) {
-  const ExportCase& c = GetParam();
-  world_.pictures.fail = true;
-  ProjectSnapshot before = snapshotOf(world_);
-  const std::string path = dir_.file("mangler/" + c.outputName);
-  world_.dialog.saveAnswers.push_back(path);
-  c.run(world_.app);
-  EXPECT_EQ(snapshotOf(world_), before);
-  EXPECT_FALSE(fs::exists(path));
+// Each export as chosen, cancelled and failing: the project, selection and view stay, a
+// failure names the file, and the next plain save still goes to the project file.
+TEST_F(Exports, OnlyReadAndTheNextSaveGoesToTheProjectFile) {
+  struct Export {
+    const char* label;
+    void (*run)(App&);
+    bool toFile;
+  };
+  const Export exports[] = {{"scheme to clipboard", copySchemeText, false},
+                            {"scheme to file", saveSchemeText, true},
+                            {"html", saveHtmlReport, true},
+                            {"picture to clipboard", copyBoardPicture, false},
+                            {"picture to file", saveBoardPicture, true},
+                            {"print", printproject_Click, false},
+                            {"info view", showMethodInfo, false}};
+  for (const Export& e : exports)
+    for (const std::string answer : {"", "butikk.out", "mangler/butikk.out"}) {
+      if (!e.toFile && !answer.empty()) continue;
+      SCOPED_TRACE(e.label + (" to '" + answer + "'"));
+      FakeWorld world;
+      loadExample(world);
+      ProjectStore& store = world.app.store;
+      store.selectedCell = 1;
+      store.projectFileName = "butikk.tvl";
+      store.projectFolder = dir_.path();
+      store.isSaved = false;
+      fs::remove(dir_.file("butikk.tvl"));
+      const std::string path = dir_.file(answer);
+      const bool fails = answer.starts_with("mangler/");
+      world.pictures.fail = fails;
+      if (!answer.empty()) world.dialog.saveAnswers.push_back(path);
+      const auto before = snapshotOf(world);
+
+      e.run(world.app);
+      methodInfoForm_Command1_Click(world.app);  // closes the info view, and does nothing else
+      EXPECT_EQ(snapshotOf(world), before);
+      EXPECT_FALSE(fs::exists("TavleroTemp.html"));
+      if (fails) {
+        ASSERT_EQ(world.ui.messages.size(), 1u);
+        EXPECT_NE(world.ui.messages[0].prompt.find("'" + path + "'"), std::string::npos);
+      } else {
+        EXPECT_TRUE(world.ui.messages.empty());
+      }
+      const bool written = !answer.empty() && (fs::exists(path) || !world.pictures.paths.empty());
+      EXPECT_EQ(written, !answer.empty() && !fails);
+
+      saveProject_Click(world.app);
+      EXPECT_TRUE(fs::exists(dir_.file("butikk.tvl")));
+      EXPECT_TRUE(store.isSaved);
+    }
+}
+
+TEST_F(Exports, InfoPageThatCannotBeWrittenLeavesMainEnabled) {
+  fs::create_directory("TavleroTemp.html");  // a folder of that name can't be replaced by a file
+  showMethodInfo(world_.app);
+  EXPECT_TRUE(world_.ui.enabled);
+  EXPECT_EQ(world_.app.methodInfoForm, nullptr);
   ASSERT_EQ(world_.ui.messages.size(), 1u);
-  EXPECT_NE(world_.ui.messages[0].prompt.find("'" + path + "'"), std::string::npos);
+  EXPECT_NE(world_.ui.messages[0].prompt.find("TavleroTemp.html"), std::string::npos);
 }
 
-const ExportCase kScheme{"SchemeToFile", saveSchemeText, "butikk.txt", true, "Tekstfiler (*.txt)|*.txt",
-                         "scheme.txt"};
-const ExportCase kHtml{"Html",       saveHtmlReport, "butikk.html", true, "HTML-dokumenter (*.html)|*.html",
-                       "report.html"};
-const ExportCase kPicture{"Picture", saveBoardPicture, "butikk.bmp", false, "Punktgrafikk (*.bmp)|*.bmp"};
-
-INSTANTIATE_TEST_SUITE_P(Texts, ExampleFile, ::testing::Values(kScheme, kHtml),
-                         [](const auto& info) { return info.param.label; });
-
-INSTANTIATE_TEST_SUITE_P(Files, FileExportFailure, ::testing::Values(kScheme, kHtml, kPicture),
-                         [](const auto& info) { return info.param.label; });
-
-INSTANTIATE_TEST_SUITE_P(Exports, ExportsOnlyRead,
-                         ::testing::Values(ExportCase{"SchemeToClipboard", copySchemeText, ""}, kScheme,
-                                           kHtml, ExportCase{"PictureToClipboard", copyBoardPicture, ""},
-                                           kPicture, ExportCase{"Print", printproject_Click, ""},
-                                           ExportCase{"InfoView",
-                                                      [](App& app) {
-                                                        showMethodInfo(app);
-                                                        methodInfoForm_Command1_Click(app);
-                                                      },
-                                                      ""}),
-                         [](const auto& info) { return info.param.label; });
+// The page lives as long as the view; the button stays centred on the outer width, with no
+// lower limit to any measure.
+TEST_F(Exports, InfoViewKeepsItsPageWhileOpenAndPlacesItsControls) {
+  showMethodInfo(world_.app);
+  EXPECT_TRUE(fs::exists("TavleroTemp.html"));
+  EXPECT_FALSE(world_.ui.enabled);
+  FakeMethodInfo& form = *world_.forms.lastMethodInfo;
+  for (const auto& [width, height, placed] :
+       {std::tuple{11625.f, 9225.f, std::array{5205.f, 7995.f, 11145.f, 7515.f}},
+        {3001.f, 2000.f, {893.f, 770.f, 2521.f, 290.f}},
+        {300.f, 200.f, {-457.5f, -1030.f, -180.f, -1510.f}}}) {
+    form.width = width;
+    form.height = height;
+    methodInfoForm_Form_Resize(world_.app);
+    EXPECT_EQ((std::array{form.buttonLeft, form.buttonTop, form.browserWidth, form.browserHeight}), placed)
+        << width;
+  }
+  methodInfoForm_Form_QueryUnload(world_.app);
+  EXPECT_FALSE(fs::exists("TavleroTemp.html"));
+  EXPECT_TRUE(world_.ui.enabled);
+}
 
 }  // namespace
 }  // namespace tavlero::testing

@@ -6,9 +6,12 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QPrinterInfo>
-#include <filesystem>
 
+#include "board/board.h"
 #include "core/cp1252.h"
+#include "core/record.h"
+#include "export/pictures.h"
+#include "files/project_file.h"
 #include "qt/qt_outputs.h"
 #include "qt/qt_surface.h"
 #include "qt_test_app.h"
@@ -17,73 +20,70 @@
 namespace tavlero::testing {
 namespace {
 
+// The worked example as the program starts it, with the real picture writer.
 class QtOutputs : public ::testing::Test {
  protected:
   static void SetUpTestSuite() { ensureQtApp(); }
   void SetUp() override {
-    canvas_.setWidth(50.8f);  // 192 pixels at 96 DPI
-    canvas_.setHeight(25.4f);
-    canvas_.ForeColor = 255;
-    canvas_.Line(1, 1, 20, 20);
+    canvas_.setWidth(fakes_.ui.clientWidth);
+    canvas_.setHeight(fakes_.ui.clientHeight);
+    zoomIn(app_);
+    zoomOut(app_);
+    ASSERT_TRUE(readProject(app_, dataPath("export/example/plan.tvl")));
   }
-  QtSurface canvas_{96.0};
+
+  QImage savedPicture(const std::string& name) {
+    fakes_.dialog.saveAnswers.push_back(dir_.file(name));
+    saveBoardPicture(app_);
+    return QImage(QString::fromStdString(dir_.file(name)));
+  }
+
+  FakePlatform fakes_;
+  QtSurface canvas_{96};
+  QtPictureWriter writer_;
+  App app_{canvas_,
+           Platform{fakes_.ui, fakes_.dialog, fakes_.clipboard, writer_, fakes_.printer, fakes_.forms}};
   TempDir dir_;
 };
 
-struct FormatCase {
-  std::string name;
-  std::string signature;
-};
+// The picture is the board as last drawn, at the zoom of the moment.
+TEST_F(QtOutputs, PictureKeepsTheSelectionAndGrowsWithTheZoom) {
+  app_.store.selectedCell = 0;  // Les, white with a black outline unless selected
+  redrawBoard(app_);
+  const QImage picture = savedPicture("brett.bmp");
+  ASSERT_FALSE(picture.isNull());
+  const std::string& box = app_.store.sizeList.List(0);
+  const auto at = [&](const char* key) {
+    return static_cast<int>(textToNumber(getField(box, key)) * canvas_.pixelsPerUnitX());
+  };
+  bool red = false;  // at the left side of the box
+  for (int x = at("X1") - 1; x <= at("X1") + 1; ++x)
+    red = red || picture.pixelColor(x, (at("Y1") + at("Y2")) / 2) == QColor(255, 0, 0);
+  EXPECT_TRUE(red);
 
-class QtPictureFormats : public QtOutputs, public ::testing::WithParamInterface<FormatCase> {};
-
-TEST_P(QtPictureFormats, FileHoldsTheWholeCanvas) {
-  QtPictureWriter writer;
-  std::string error;
-  const std::string path = dir_.file(GetParam().name);
-  ASSERT_TRUE(writer.SavePicture(canvas_, path, error)) << error;
-  EXPECT_EQ(readFile(path).substr(0, GetParam().signature.size()), GetParam().signature);
-  QImage saved(QString::fromStdString(path));
-  EXPECT_EQ(saved.size(), QSize(192, 96));
+  zoomIn(app_);
+  const QImage zoomed = savedPicture("zoom.bmp");
+  EXPECT_GT(zoomed.width(), picture.width());
+  EXPECT_GT(zoomed.height(), picture.height());
+  EXPECT_TRUE(fakes_.ui.messages.empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Formats, QtPictureFormats,
-                         ::testing::Values(FormatCase{"brett.bmp", "BM"}, FormatCase{"brett.png", "\x89PNG"},
-                                           FormatCase{"brett.PNG", "\x89PNG"}));
-
-TEST_F(QtOutputs, PictureFailuresGiveAReason) {
-  QtPictureWriter writer;
-  std::string error;
-  EXPECT_FALSE(writer.SavePicture(canvas_, dir_.file("mangler/brett.bmp"), error));
-  EXPECT_FALSE(error.empty());
-  EXPECT_FALSE(std::filesystem::exists(dir_.file("mangler/brett.bmp")));
-
-  error.clear();
-  canvas_.setWidth(1.0e6f);
-  EXPECT_FALSE(writer.SavePicture(canvas_, dir_.file("stor.bmp"), error));
-  EXPECT_FALSE(error.empty());
-  EXPECT_FALSE(std::filesystem::exists(dir_.file("stor.bmp")));
-
-  QtClipboard clipboard;
-  error.clear();
-  EXPECT_FALSE(clipboard.SetPicture(canvas_, error));
-  EXPECT_FALSE(error.empty());
-}
-
-TEST_F(QtOutputs, ClipboardTakesTextAndPicture) {
+TEST_F(QtOutputs, ClipboardTakesTextAndPictureAndRefusesWhatIsTooLarge) {
   QtClipboard clipboard;
   clipboard.SetText("Fremgangsmåte:"_cp);
   EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("Fremgangsmåte:"));
   std::string error;
   ASSERT_TRUE(clipboard.SetPicture(canvas_, error)) << error;
-  EXPECT_EQ(QGuiApplication::clipboard()->image().size(), QSize(192, 96));
-  clipboard.Clear();
-  EXPECT_TRUE(QGuiApplication::clipboard()->text().isEmpty());
+  EXPECT_EQ(QGuiApplication::clipboard()->image().size(), savedPicture("brett.bmp").size());
+
+  canvas_.setWidth(1.0e6f);
+  EXPECT_FALSE(clipboard.SetPicture(canvas_, error));
+  EXPECT_FALSE(writer_.SavePicture(canvas_, dir_.file("stor.bmp"), error));
+  EXPECT_FALSE(error.empty());
 }
 
 TEST_F(QtOutputs, PrintingWithoutAPrinterSaysSo) {
-  if (!QPrinterInfo::defaultPrinter().isNull())
-    GTEST_SKIP() << "this machine has a printer; nothing is printed";
+  if (!QPrinterInfo::defaultPrinter().isNull()) GTEST_SKIP() << "this machine has a printer";
   QWidget window;
   QtPrinter printer(&window);
   std::string error;
