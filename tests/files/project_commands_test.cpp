@@ -11,6 +11,7 @@
 namespace tavlero::testing {
 namespace {
 
+// A project with unsaved changes, and a settings file unlike the defaults.
 struct ChangedProject : FileWorld {
   ChangedProject() {
     writeFile(app.store.settingsPath,

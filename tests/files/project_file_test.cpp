@@ -103,7 +103,8 @@ long entriesIn(const std::string& folder) {
 
 // The two methods and the link of the example project, as the method dialog and a later
 // fill change left their records.
-void buildCalculator(FileWorld& world) {
+TEST(Writer, WritesTheExampleByteForByteAndNothingBeside) {
+  FileWorld world;
   ProjectStore& store = world.app.store;
   store.programName = "Kalkulator";
   store.programDescription = "Regner ut summer.\r\nAndre linje.";
@@ -112,15 +113,10 @@ void buildCalculator(FileWorld& world) {
   world.addCell("main()", 310.5f, 30, "Starter programmet", 65535, 0);
   store.itemList.setList(1, setField(store.itemList.List(1), "cellFillStyle", "0"));
   world.addLinkRecord("main()", "public int sum(a, b)");
-}
-
-TEST(Writer, WritesTheExampleByteForByteAndNothingBeside) {
-  FileWorld world;
-  buildCalculator(world);
-  world.app.store.isSaved = false;
+  store.isSaved = false;
   ASSERT_TRUE(writeProject(world.app, "kalkulator.tvl", world.dir.path()));
   EXPECT_EQ(readFile(world.dir.file("kalkulator.tvl")), readFile(dataPath("../../examples/kalkulator.tvl")));
-  EXPECT_TRUE(world.app.store.isSaved);
+  EXPECT_TRUE(store.isSaved);
   EXPECT_EQ(entriesIn(world.dir.path()), 1);
 }
 
