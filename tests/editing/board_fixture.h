@@ -1,8 +1,9 @@
 #pragma once
-// A drawn board of a few cells over the fake platform, with the points to press on.
+// A drawn board over the fake platform, with the points to press on and what was painted.
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 
 #include "board/board.h"
@@ -15,19 +16,43 @@ struct Point {
   float x, y;
 };
 
+// Table rows print as their name; each test file brings this in with a using-declaration.
+template <typename Row>
+requires requires(const Row& row) {
+  row.name;
+}
+void PrintTo(const Row& row, std::ostream* out) {
+  *out << row.name;
+}
+
+// Cells "les" (red), B and C (white) at 10,10, 100,10 and 10,100, linked les -> B -> C -> les,
+// drawn as after reading a file and saved.
 class BoardTest : public ::testing::Test {
  protected:
+  // Pages the program writes (the info view) land in a folder of the test's own.
+  TempDir folder;
+  std::filesystem::path kept = std::filesystem::current_path();
   FakeWorld world;
   App& app = world.app;
   ProjectStore& store = world.app.store;
+  int16_t a = world.addCell("les", 10, 10, "", 255, 0, "lang 0");
+  int16_t b = world.addCell("B", 100, 10, "", 16777215, 0, "lang 1");
 
-  // Redraws as the program does after reading a file, so that every cell and link has
-  // its geometry, and starts from a saved state.
+  BoardTest() { std::filesystem::current_path(folder.path()); }
+  ~BoardTest() override { std::filesystem::current_path(kept); }
+
+  void SetUp() override {
+    world.addCell("C", 10, 100, "", 16777215, 0, "lang 2");
+    world.addLinkRecord("les", "B");
+    world.addLinkRecord("B", "C");
+    world.addLinkRecord("C", "les");
+    drawBoard();
+  }
+  // As the program does after reading a file: every cell and link gets its geometry.
   void drawBoard() {
     redrawBoard(app);
     store.isSaved = true;
   }
-
   float geometry(int16_t cell, const char* key) const {
     return static_cast<float>(textToNumber(getField(store.sizeList.List(cell), key)));
   }
@@ -36,16 +61,13 @@ class BoardTest : public ::testing::Test {
             (geometry(cell, "Y1") + geometry(cell, "Y2")) / 2};
   }
   std::string field(int16_t cell, const char* key) const { return getField(store.itemList.List(cell), key); }
-
-  // Operations drawn on the canvas since the mark, of one kind.
+  size_t imageSize() const { return world.canvas.Image().size(); }
   size_t drawnSince(size_t mark, DrawKind kind) const {
     size_t count = 0;
     const auto& ops = world.canvas.Image().ops();
-    for (size_t i = mark; i < ops.size(); ++i)
-      if (ops[i].kind == kind) ++count;
+    for (size_t i = mark; i < ops.size(); ++i) count += ops[i].kind == kind;
     return count;
   }
-  size_t imageSize() const { return world.canvas.Image().size(); }
 };
 
 }  // namespace tavlero::testing

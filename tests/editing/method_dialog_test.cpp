@@ -3,264 +3,153 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
+#include <vector>
 
 #include "board_fixture.h"
-#include "core/cp1252.h"
 #include "core/record.h"
 #include "editing/gestures.h"
+#include "editing/hit_test.h"
 
 namespace tavlero::testing {
 namespace {
+
+using testing::PrintTo;
 
 const std::string kSep = "\r\n\t";
 
 class MethodDialogTest : public BoardTest {
  protected:
-  // The form the logic holds while it is open; null once it has been discarded.
+  // Null once the logic has discarded the form.
   FakeMethodForm* form() const { return static_cast<FakeMethodForm*>(app.addMethodForm.get()); }
-
-  void type(const std::string& name, const std::string& summary = "", const std::string& description = "") {
+  void submit(const std::string& name, const std::string& summary = "", const std::string& description = "") {
     ASSERT_NE(form(), nullptr);
     form()->setTexts(name, summary, description);
+    addMethodForm_Command2_Click(app);
   }
-
-  void expectClosed() {
-    EXPECT_EQ(form(), nullptr);
-    EXPECT_TRUE(world.ui.enabled);
-    EXPECT_GE(world.ui.focusCalls, 1);
-  }
-
-  void expectRefused(const std::string& error, int16_t cells, int beeps = 1) {
-    ASSERT_NE(form(), nullptr) << "the dialog stays open";
-    EXPECT_EQ(form()->errorCaption, error);
-    EXPECT_TRUE(form()->errorVisible);
-    EXPECT_EQ(world.ui.beeps, beeps);
-    EXPECT_FALSE(world.ui.enabled);
-    EXPECT_EQ(store.itemList.ListCount(), cells);
-    EXPECT_TRUE(store.isSaved);
-  }
+  void expectClosed() { EXPECT_EQ(std::tuple(form(), world.ui.enabled), std::tuple(nullptr, true)); }
 };
 
 TEST_F(MethodDialogTest, ADoubleClickOnEmptyBoardAddsACellWhereThePointerWas) {
-  world.addCell("A", 10, 10);
-  drawBoard();
-  store.selectedCell = 0;
+  store.selectedCell = a;
   store.currentColor = 16711680;
   store.currentFillStyle = 5;
   canvas_MouseMove(app, 0, 0, 150.6f, 70.5f);
   canvas_MouseDown(app, 1, 0, 150.6f, 70.5f);
   canvas_DblClick(app);
-
   ASSERT_NE(form(), nullptr);
-  EXPECT_TRUE(form()->shown);
-  EXPECT_EQ(form()->captionText, "Legg til ny metode");
-  EXPECT_EQ(form()->name, "");
-  EXPECT_EQ(form()->nameFocus, 1);
-  EXPECT_FALSE(world.ui.enabled);
+  EXPECT_EQ(std::tuple(form()->captionText, world.ui.enabled), std::tuple("Legg til ny metode", false));
 
-  type("les", "Leser fila.", "Linje 1\r\nLinje 2");
-  addMethodForm_Command2_Click(app);
-
+  submit("ny", "Leser fila.", "Linje 1\r\nLinje 2");
   expectClosed();
-  ASSERT_EQ(store.itemList.ListCount(), 2);
-  EXPECT_EQ(store.itemList.List(1),
+  EXPECT_EQ(store.itemList.List(3),
             "<positionX> 151</positionX>" + kSep + "<positionY> 70</positionY>" + kSep +
-                "<methodName>les</methodName>" + kSep + "<shortDescription>Leser fila.</shortDescription>" +
+                "<methodName>ny</methodName>" + kSep + "<shortDescription>Leser fila.</shortDescription>" +
                 kSep + "<cellColor> 16711680</cellColor>" + kSep + "<cellFillStyle> 5</cellFillStyle>");
-  EXPECT_EQ(store.getLongDescription(1), "Linje 1\r\nLinje 2");
-  EXPECT_EQ(store.selectedCell, -1) << "a new cell is not selected";
-  EXPECT_EQ(geometry(1, "X1"), 150) << "the board was redrawn, so the new cell can be hit";
-  EXPECT_FALSE(store.isSaved);
-}
-
-TEST_F(MethodDialogTest, TheActionKeyOpeningAddsAtTheLastPointerPosition) {
-  world.addCell("", 0, 0);  // a name that differs from a blank
-  store.lastMouseX = 12;
-  store.lastMouseY = 34;
-  openAddMethodForm(app);
-  type(" ");
-  addMethodForm_Command2_Click(app);
-  expectClosed();
-  EXPECT_EQ(field(1, "methodName"), " ") << "a name of blanks is a name";
-  EXPECT_EQ(field(1, "positionX"), " 12");
-  EXPECT_EQ(field(1, "positionY"), " 34");
-  EXPECT_EQ(field(1, "cellColor"), " 16777215");
-  EXPECT_EQ(field(1, "cellFillStyle"), " 0");
-}
-
-struct RefusalCase {
-  const char* name;
-  bool edit;
-  std::string typed;
-  std::string error;  // Windows-1252
-};
-
-void PrintTo(const RefusalCase& c, std::ostream* out) {
-  *out << c.name;
-}
-
-class RefusalTest : public MethodDialogTest, public ::testing::WithParamInterface<RefusalCase> {};
-
-TEST_P(RefusalTest, ShowsTheErrorBeepsAndKeepsTheDialogOpen) {
-  const RefusalCase& r = GetParam();
-  world.addCell("les", 10, 10, "sum", 255, 2, "lang");
-  drawBoard();
-  std::string record = store.itemList.List(0);
-  store.selectedCell = r.edit ? int16_t{0} : int16_t{-1};
-  canvas_DblClick(app);
-  type(r.typed);
-  addMethodForm_Command2_Click(app);
-
-  expectRefused(r.error, 1);
-  EXPECT_EQ(store.itemList.List(0), record);
-
-  // A second try with a good name goes through, also one that differs only in case;
-  // the label does not stand in the way.
-  type("Les");
-  addMethodForm_Command2_Click(app);
-  expectClosed();
-  EXPECT_FALSE(store.isSaved);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Refusals, RefusalTest,
-    ::testing::Values(RefusalCase{"empty name when adding", false, "", "Feil: Metoden m\xE5 ha et navn!"},
-                      RefusalCase{"empty name when editing", true, "", "Feil: Metoden m\xE5 ha et navn!"},
-                      RefusalCase{"existing name when adding", false, "les",
-                                  "Feil:Navnet eksisterer allerede! Bytt navn..."}));
-
-TEST_F(MethodDialogTest, ASecondFailureReplacesTheError) {
-  world.addCell("les", 10, 10);
-  openAddMethodForm(app);
-  type("");
-  addMethodForm_Command2_Click(app);
-  type("les");
-  addMethodForm_Command2_Click(app);
-  expectRefused("Feil:Navnet eksisterer allerede! Bytt navn...", 1, 2);
+  EXPECT_EQ(store.getLongDescription(3), "Linje 1\r\nLinje 2");
+  EXPECT_EQ(findCellAt(store, 155, 75), 3) << "the board was redrawn";
+  EXPECT_EQ(std::tuple(store.selectedCell, store.isSaved), std::tuple(-1, false));
 }
 
 TEST_F(MethodDialogTest, EditingRenamesTheLinksAndKeepsTheStoredTexts) {
-  world.addCell("A", 10, 10);
-  world.addCell("les", 100, 10, "gammel", 255, 3, "gammel lang");
-  world.addCell("C", 10, 100);
-  world.addLinkRecord("A", "les");
-  world.addLinkRecord("les", "C");
-  world.addLinkRecord("A", "C");
   // As read from a file: white space round the record, positions without the blank.
-  store.itemList.setList(1,
-                         "\r\n\t<positionX>100.25</positionX>\r\n\t<positionY>10</positionY>\r\n\t"
+  store.itemList.setList(a,
+                         "\r\n\t<positionX>10.25</positionX>\r\n\t<positionY>10</positionY>\r\n\t"
                          "<methodName>les</methodName>\r\n\t<shortDescription>gammel</shortDescription>\r\n\t"
                          "<cellColor>255</cellColor>\r\n\t<cellFillStyle>3</cellFillStyle>\r\n\t\r\n");
-  store.setLongDescription(1, "gammel lang");
   drawBoard();
-
-  canvas_MouseDown(app, 1, 0, centreOf(1).x, centreOf(1).y);
+  canvas_MouseDown(app, 1, 0, centreOf(a).x, centreOf(a).y);
   canvas_DblClick(app);
   ASSERT_NE(form(), nullptr);
   EXPECT_EQ(form()->captionText, "Redigere metode");
-  EXPECT_EQ(form()->name, "les");
-  EXPECT_EQ(form()->summary, "gammel");
-  EXPECT_EQ(form()->description, "gammel lang");
-  EXPECT_EQ(form()->nameFocus, 1);
+  EXPECT_EQ(form()->name + "|" + form()->summary + "|" + form()->description, "les|gammel|lang 0");
 
-  type("lesFil", "ny", "ny lang");
-  addMethodForm_Command2_Click(app);
+  submit("lesFil", "ny", "ny lang");
   expectClosed();
-
-  EXPECT_EQ(store.itemList.List(1), "<positionX>100.25</positionX>" + kSep + "<positionY>10</positionY>" +
+  EXPECT_EQ(store.itemList.List(a), "<positionX>10.25</positionX>" + kSep + "<positionY>10</positionY>" +
                                         kSep + "<methodName>lesFil</methodName>" + kSep +
                                         "<shortDescription>ny</shortDescription><cellColor>255</cellColor>" +
                                         kSep + "<cellFillStyle>3</cellFillStyle>");
-  EXPECT_EQ(store.getLongDescription(1), "ny lang");
-  ASSERT_EQ(store.linkList.ListCount(), 3) << "the redraw kept the renamed links";
-  EXPECT_EQ(store.linkList.List(0), "<linkSource>A</linkSource><linkTarget>lesFil</linkTarget>");
-  EXPECT_EQ(store.linkList.List(1), "<linkSource>lesFil</linkSource><linkTarget>C</linkTarget>");
-  EXPECT_EQ(store.linkList.List(2), "<linkSource>A</linkSource><linkTarget>C</linkTarget>");
-  EXPECT_EQ(store.selectedCell, 1);
-  EXPECT_FALSE(store.isSaved);
+  EXPECT_EQ(store.getLongDescription(a), "ny lang");
+  EXPECT_EQ(store.linkList.items(),
+            (std::vector<std::string>{"<linkSource>lesFil</linkSource><linkTarget>B</linkTarget>",
+                                      "<linkSource>B</linkSource><linkTarget>C</linkTarget>",
+                                      "<linkSource>C</linkSource><linkTarget>lesFil</linkTarget>"}));
+  EXPECT_EQ(std::tuple(store.selectedCell, store.isSaved), std::tuple(a, false));
 }
 
-TEST_F(MethodDialogTest, EditingWithNothingAlteredStillRewritesTheRecord) {
-  world.addCell("A", 10, 10, "sum");
-  world.addCell("B", 100, 10);
-  world.addLinkRecord("A", "B");
-  drawBoard();
-  store.selectedCell = 0;
-  std::string before = store.itemList.List(0);
-  canvas_DblClick(app);
-  addMethodForm_Command2_Click(app);
-  std::string expected = before;
-  expected.erase(expected.find("</shortDescription>") + 19, kSep.size());
-  EXPECT_EQ(store.itemList.List(0), expected);
-  EXPECT_EQ(store.linkList.ListCount(), 1);
-  EXPECT_FALSE(store.isSaved);
-}
+struct NameCase {
+  const char* name;
+  bool edit;  // of "les"; else a new cell
+  std::string typed;
+  std::string error;  // Windows-1252; empty: accepted
+  bool cancel;
+};
 
-TEST_F(MethodDialogTest, EditingMayTakeTheNameOfAnotherCell) {
-  world.addCell("A", 10, 10);
-  world.addCell("B", 100, 10);
-  drawBoard();
-  store.selectedCell = 1;
-  canvas_DblClick(app);
-  type("A");
-  addMethodForm_Command2_Click(app);
-  expectClosed();
-  EXPECT_EQ(field(1, "methodName"), "A");
-  EXPECT_EQ(world.ui.beeps, 0);
-}
+class NameTest : public MethodDialogTest, public ::testing::WithParamInterface<NameCase> {};
 
-TEST_F(MethodDialogTest, CancelAfterTypingChangesNothing) {
-  world.addCell("A", 10, 10);
-  drawBoard();
-  store.selectedCell = 0;
-  std::string before = store.itemList.List(0);
+TEST_P(NameTest, StoresTheNameOrRefusesWithAnErrorOrCancels) {
+  const NameCase& n = GetParam();
+  std::string before = store.itemList.List(a);
   size_t image = imageSize();
+  store.selectedCell = n.edit ? a : int16_t{-1};
   canvas_DblClick(app);
-  type("B", "x", "y");
-  addMethodForm_Command1_Click(app);
-  expectClosed();
-  EXPECT_EQ(store.itemList.List(0), before);
-  EXPECT_TRUE(store.isSaved);
-  EXPECT_EQ(imageSize(), image) << "no redraw";
-
-  // Closing again, as the discarding of the form may raise, finds the same state.
-  addMethodForm_Command1_Click(app);
+  ASSERT_NE(form(), nullptr);
+  form()->setTexts(n.typed, "x", "y");
+  n.cancel ? addMethodForm_Command1_Click(app) : addMethodForm_Command2_Click(app);
+  if (n.error.empty() && !n.cancel) {
+    expectClosed();
+    EXPECT_EQ(std::tuple(field(n.edit ? a : 3, "methodName"), store.isSaved), std::tuple(n.typed, false));
+    return;
+  }
+  EXPECT_EQ(std::tuple(store.itemList.ListCount(), store.itemList.List(a), store.isSaved, imageSize()),
+            std::tuple(3, before, true, image));
+  if (n.cancel) {
+    expectClosed();
+    addMethodForm_Command2_Click(app);  // an event that reaches the logic after the form has gone
+    EXPECT_EQ(std::tuple(store.itemList.ListCount(), store.isSaved), std::tuple(3, true));
+    return;
+  }
+  ASSERT_NE(form(), nullptr) << "the dialog stays open";
+  EXPECT_EQ(std::tuple(form()->errorCaption, form()->errorVisible, world.ui.beeps, world.ui.enabled),
+            std::tuple(n.error, true, 1, false));
+  submit("ny");
   expectClosed();
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Names, NameTest,
+    ::testing::Values(NameCase{"add, empty", false, "", "Feil: Metoden m\xE5 ha et navn!", false},
+                      NameCase{"edit, empty", true, "", "Feil: Metoden m\xE5 ha et navn!", false},
+                      NameCase{"add, existing", false, "les", "Feil:Navnet eksisterer allerede! Bytt navn...",
+                               false},
+                      NameCase{"add, other case", false, "Les", "", false},
+                      NameCase{"add, blanks", false, " ", "", false},
+                      NameCase{"edit, its own name", true, "les", "", false},
+                      NameCase{"edit, another's name", true, "B", "", false},
+                      NameCase{"edit, cancelled", true, "ny", "", true}));
 
 TEST_F(MethodDialogTest, EveryOpeningStartsAfresh) {
   openAddMethodForm(app);
   addMethodForm_longDescription_GotFocus(app);
   EXPECT_FALSE(form()->okDefault);
-  type("");
-  addMethodForm_Command2_Click(app);
+  submit("");
   addMethodForm_Command1_Click(app);
-
   openAddMethodForm(app);
-  EXPECT_TRUE(form()->okDefault);
-  EXPECT_FALSE(form()->errorVisible);
-  EXPECT_EQ(form()->name, "");
-}
-
-TEST_F(MethodDialogTest, EventsOfAClosedFormAreIgnored) {
-  addMethodForm_Command2_Click(app);
-  addMethodForm_longDescription_GotFocus(app);
-  EXPECT_EQ(store.itemList.ListCount(), 0);
-  EXPECT_TRUE(store.isSaved);
-  EXPECT_EQ(world.ui.beeps, 0);
+  EXPECT_EQ(std::tuple(form()->okDefault, form()->errorVisible), std::tuple(true, false));
 }
 
 TEST_F(MethodDialogTest, AFullPlanRefusesAnotherMethod) {
-  for (int i = 0; i < ProjectStore::kMaxMethods; ++i) {
-    store.itemList.AddItem("<methodName>m" + std::to_string(i) + "</methodName>");
+  while (store.itemList.ListCount() < ProjectStore::kMaxMethods) {
+    store.itemList.AddItem("<methodName>m" + std::to_string(store.itemList.ListCount()) + "</methodName>");
     store.sizeList.AddItem("X1: 0 Y1: 0 X2: 0 Y2: 0");
   }
   openAddMethodForm(app);
-  type("ny", "", "lang");
-  addMethodForm_Command2_Click(app);
-  expectRefused("Feil: Planen har allerede 32001 metoder og kan ikke ta flere!", ProjectStore::kMaxMethods);
-  EXPECT_EQ(store.sizeList.ListCount(), ProjectStore::kMaxMethods);
-
+  submit("ny", "", "lang");
+  ASSERT_NE(form(), nullptr);
+  EXPECT_EQ(form()->errorCaption, "Feil: Planen har allerede 32001 metoder og kan ikke ta flere!");
+  EXPECT_EQ(std::tuple(store.itemList.ListCount(), store.sizeList.ListCount(), store.isSaved),
+            std::tuple(ProjectStore::kMaxMethods, ProjectStore::kMaxMethods, true));
   addMethodForm_Command1_Click(app);
   expectClosed();
 }
