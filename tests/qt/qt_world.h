@@ -2,11 +2,15 @@
 // The scripted fake platform of the tests around the real Qt surface, started as the
 // program starts, with the places where the logic drew the cells.
 
+#include <gtest/gtest.h>
+
 #include <QRectF>
+#include <QTest>
 
 #include "board/board.h"
 #include "core/app.h"
 #include "core/record.h"
+#include "files/project_file.h"
 #include "qt/qt_surface.h"
 #include "qt_test_app.h"
 #include "test_support.h"
@@ -23,6 +27,9 @@ struct QtWorld : FakePlatform {
     zoomIn(app);
     zoomOut(app);
   }
+
+  // Three cells (solid blue, green stripes, yellow) and two dashed links from the first.
+  bool readBoard() { return readProject(app, dataPath("qt/board.tvl")); }
 
   // The box of a cell as it was last drawn, in pixels of the canvas.
   QRectF cellPixels(int16_t cell) const {
