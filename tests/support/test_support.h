@@ -28,10 +28,6 @@ class FakeUi : public Ui {
   std::string captionText = "Tavlero";
   int pointer = kPointerDefault;
   bool enabled = true;
-  int focusCalls = 0;
-  int doEventsCalls = 0;
-  int refreshCalls = 0;
-  int demoChanges = 0;
   bool ended = false;
   float clientWidth = twipsToMillimetres(kMainClientWidthTwips);
   float clientHeight = twipsToMillimetres(kMainClientHeightTwips);
@@ -44,10 +40,10 @@ class FakeUi : public Ui {
   void setMousePointer(int code) override { pointer = code; }
   void setMainEnabled(bool value) override { enabled = value; }
   bool mainEnabled() const override { return enabled; }
-  void focusMain() override { ++focusCalls; }
-  void DoEvents() override { ++doEventsCalls; }
-  void refreshMain() override { ++refreshCalls; }
-  void demoRectangleChanged() override { ++demoChanges; }
+  void focusMain() override {}
+  void DoEvents() override {}
+  void refreshMain() override {}
+  void demoRectangleChanged() override {}
   float mainScaleWidth() const override { return clientWidth; }
   float mainScaleHeight() const override { return clientHeight; }
   void endProgram() override { ended = true; }
@@ -103,7 +99,6 @@ class FakeMethodForm : public MethodFormView {
   std::string errorCaption;
   bool errorVisible = false;
   bool okDefault = true;
-  int nameFocus = 0;
   void Show() override { shown = true; }
   void Unload() override { unloaded = true; }
   void setCaption(const std::string& caption) override { captionText = caption; }
@@ -111,7 +106,7 @@ class FakeMethodForm : public MethodFormView {
   std::string shortDescription() const override { return summary; }
   std::string longDescription() const override { return description; }
   void setTexts(const std::string& n, const std::string& s, const std::string& l) override;
-  void focusNameSelectAll() override { ++nameFocus; }
+  void focusNameSelectAll() override {}
   void setErrorLabel(const std::string& caption, bool visible) override;
   void setOkDefault(bool isDefault) override { okDefault = isDefault; }
 };
