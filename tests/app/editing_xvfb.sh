@@ -1,0 +1,92 @@
+#!/usr/bin/env bash
+# A plan made from nothing on the real program in a real X server: two methods added by
+# double-click, typing and Enter, linked by a click and a Shift-click, saved with Ctrl+S
+# through the file dialog. The saved file is checked byte for byte, the positions aside,
+# which follow the pointer.
+# Usage: editing_xvfb.sh BUILD_BIN TEST_DATA
+set -uo pipefail
+
+bin=$1
+for tool in xvfb-run xdotool; do
+  command -v "$tool" >/dev/null || { echo "FAIL: $tool is missing (scripts/install-deps.sh installs it)"; exit 1; }
+done
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cp "$bin/tavlero" "$work/" || { echo "FAIL: no program at $bin/tavlero"; exit 1; }
+
+cat >"$work/inside.sh" <<'INSIDE'
+set -uo pipefail
+program=$1
+saved=$2
+pid=
+fail() { echo "FAIL: $*" >&2; [[ -n $pid ]] && kill "$pid" 2>/dev/null; exit 1; }
+
+# Waits up to 15 s until a visible window of that title is there (or, with "gone", is not).
+await() {
+  for _ in $(seq 150); do
+    found=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n 1)
+    if [[ ${2:-} == gone ]]; then [[ -z $found ]] && return; else [[ -n $found ]] && return; fi
+    kill -0 "$pid" 2>/dev/null || fail "the program ended while waiting for '$1' ${2:-}"
+    sleep 0.1
+  done
+  fail "'$1' ${2:-there} not within 15 s"
+}
+
+# A method by double-click at (x, y) of main, its name and summary, and Enter.
+addMethod() {
+  xdotool mousemove --window "$main" "$1" "$2" && sleep 0.3
+  xdotool click --repeat 2 --delay 60 1
+  await "Legg til ny metode"
+  xdotool type --delay 15 "$3"
+  xdotool key Tab
+  xdotool type --delay 15 "$4"
+  xdotool key Return
+  await "Legg til ny metode" gone
+}
+
+"$program" &
+pid=$!
+await Tavlero
+main=$found
+addMethod 150 150 "lesFil()" "Leser fil"
+addMethod 500 300 "main()" ""
+# Select main(), then Shift-click lesFil(): main() uses lesFil().
+xdotool mousemove --window "$main" 510 310 click 1 && sleep 0.3
+xdotool keydown shift mousemove --window "$main" 160 160 click 1 keyup shift && sleep 0.3
+xdotool windowfocus --sync "$main" key ctrl+s
+await "Lagre som"
+xdotool type --delay 15 "$saved"
+xdotool key Return
+for _ in $(seq 100); do [[ -s $saved ]] && break; sleep 0.1; done
+[[ -s $saved ]] || fail "nothing saved at $saved"
+# Saved, so leaving asks nothing.
+xdotool windowfocus --sync "$main" key alt+f a
+for _ in $(seq 100); do kill -0 "$pid" 2>/dev/null && sleep 0.1; done
+kill -0 "$pid" 2>/dev/null && fail "the program did not end after the save"
+wait "$pid" || fail "exit status $?"
+INSIDE
+
+xvfb-run -a -s "-screen 0 1280x1024x24" bash "$work/inside.sh" "$work/tavlero" "$work/plan.tvl" || exit 1
+
+# Whole numbers with their blank where the pointer was, lesFil() left of and above main().
+[[ $(grep -cE '<position[XY]> [0-9]+</position[XY]>' "$work/plan.tvl") -eq 4 ]] ||
+  { echo "FAIL: positions are not whole numbers"; cat -A "$work/plan.tvl"; exit 1; }
+positions=($(grep -oE '<position[XY]> [0-9]+' "$work/plan.tvl" | sed 's/.*> //'))
+((positions[0] < positions[2] && positions[1] < positions[3])) || { echo "FAIL: positions ${positions[*]}"; exit 1; }
+
+method() {
+  printf '<userMethod>\r\n\t<positionX>N</positionX>\r\n\t<positionY>N</positionY>\r\n\t<methodName>%s</methodName>\r\n' "$1"
+  printf '\t<shortDescription>%s</shortDescription>\r\n\t<cellColor> 16777215</cellColor>\r\n' "$2"
+  printf '\t<cellFillStyle> 0</cellFillStyle>\r\n\t<longDescription></longDescription>\r\n</userMethod>\r\n'
+}
+{
+  printf '<?xml version="1.0"?>\r\n<projectName></projectName>\r\n<projectDescription></projectDescription>\r\n'
+  printf '<minimumCellWidth> 25</minimumCellWidth>\r\n<maximumCellWidth> 50</maximumCellWidth>\r\n'
+  printf '<nameFontSize> 6</nameFontSize>\r\n<infoFontSize> 4</infoFontSize>\r\n<fontName>Arial</fontName>\r\n'
+  method "lesFil()" "Leser fil"
+  method "main()" ""
+  printf '\r\n\r\n<userLink>\r\n\t<linkSource>main()</linkSource><linkTarget>lesFil()</linkTarget>\r\n</userLink>\r\n'
+} >"$work/expected.tvl"
+sed 's/<position\([XY]\)>[^<]*</<position\1>N</g' "$work/plan.tvl" >"$work/normalised.tvl"
+cmp "$work/normalised.tvl" "$work/expected.tvl" || { echo "FAIL: saved bytes differ:"; cat -A "$work/plan.tvl"; exit 1; }
+echo "the plan was made, linked and saved as expected"
