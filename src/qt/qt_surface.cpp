@@ -31,11 +31,11 @@ QString fromCp1252(const std::string& text) {
   return QString::fromStdString(cp1252ToUtf8(text));
 }
 
-QFont boardFont(const FontSpec& spec, double dpi, const QPaintDevice& device) {
-  QFont font(fromCp1252(spec.Name));
+QFont boardFont(const FontSpec& fontSpec, double dpi, const QPaintDevice& device) {
+  QFont font(fromCp1252(fontSpec.Name));
   font.setStyleHint(QFont::SansSerif);
-  font.setBold(spec.Bold);
-  double size = std::isfinite(spec.Size) && spec.Size > 0 ? spec.Size : 1.0;
+  font.setBold(fontSpec.Bold);
+  double size = std::isfinite(fontSpec.Size) && fontSpec.Size > 0 ? fontSpec.Size : 1.0;
   // Qt turns points into pixels with the device's resolution; correct for it.
   font.setPointSizeF(std::clamp(size * dpi / device.logicalDpiY(), 0.1, 4000.0));
   return font;
@@ -72,7 +72,8 @@ int QtSurface::MeasureDevice::metric(PaintDeviceMetric metric) const {
 
 QtSurface::MeasuredFont& QtSurface::measured() {
   // Cells switch between two fonts all the time; building metrics is costly.
-  auto it = std::find_if(fonts_.begin(), fonts_.end(), [&](const MeasuredFont& f) { return f.spec == Font; });
+  auto it =
+      std::find_if(fonts_.begin(), fonts_.end(), [&](const MeasuredFont& f) { return f.fontSpec == Font; });
   if (it != fonts_.end()) return *it;
   if (fonts_.size() >= kFontCacheSize) fonts_.erase(fonts_.begin());
   fonts_.push_back({Font, QFontMetricsF(boardFont(Font, dpi_, device_), &device_), {}});

@@ -33,7 +33,7 @@ QString fromCp1252(const std::string& text);
 
 // A font of the board at a device: Size points at dpi, whatever the device's own
 // resolution, so that measuring and painting agree on every device.
-QFont boardFont(const FontSpec& spec, double dpi, const QPaintDevice& device);
+QFont boardFont(const FontSpec& fontSpec, double dpi, const QPaintDevice& device);
 
 class QtSurface : public Surface {
  public:
@@ -74,7 +74,7 @@ class QtSurface : public Surface {
     int dpi_;
   };
   struct MeasuredFont {
-    FontSpec spec;
+    FontSpec fontSpec;
     QFontMetricsF metrics;
     // A redraw measures the same texts again and again; shaping them is the cost.
     std::unordered_map<std::string, double> widths;  // pixels
