@@ -7,12 +7,7 @@
 set -uo pipefail
 
 bin=$1
-for tool in xvfb-run xdotool; do
-  command -v "$tool" >/dev/null || { echo "FAIL: $tool is missing (scripts/install-deps.sh installs it)"; exit 1; }
-done
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cp "$bin/tavlero" "$work/" || { echo "FAIL: no program at $bin/tavlero"; exit 1; }
+source "$(dirname "$0")/real_program.bash"
 
 cat >"$work/inside.sh" <<'INSIDE'
 set -uo pipefail

@@ -8,13 +8,7 @@ set -uo pipefail
 
 bin=$1
 data=$2
-for tool in xvfb-run xdotool; do
-  command -v "$tool" >/dev/null || { echo "FAIL: $tool is missing (scripts/install-deps.sh installs it)"; exit 1; }
-done
-# A folder of its own, so that the settings file the program makes lands there.
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cp "$bin/tavlero" "$work/" || { echo "FAIL: no program at $bin/tavlero"; exit 1; }
+source "$(dirname "$0")/real_program.bash"
 
 cat >"$work/inside.sh" <<'INSIDE'
 set -uo pipefail
