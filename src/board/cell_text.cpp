@@ -45,19 +45,40 @@ std::string textPiece(const std::string& text, int16_t n) {
 float layoutCellText(Surface& canvas, const std::string& text, float width, float y, bool draw) {
   float leftMargin = canvas.CurrentX;
   canvas.CurrentY = y;
+  // Measuring the whole line after every piece costs the square of its length. A line's
+  // width is its known width plus the new piece's, give or take the kerning at each join,
+  // which never comes near a fifth of a line height; the whole line is measured only when
+  // that sum could pass the width, so every break falls where measuring would put it.
+  const float joinSlack = 0.2f * canvas.TextHeight("");
   std::string line;
-  size_t fitting = 0;  // length of the last fitting line, a prefix of line
+  size_t fitting = 0;   // length of the last fitting line, a prefix of line
+  float lineWidth = 0;  // width of line, exact when joins is 0
+  int joins = 0;        // pieces added since line was last measured whole
   for (std::string_view piece : splitPieces(text)) {
     line.append(piece);
     // A first piece wider than the cell has nothing to break off: it stays on the
     // first line and reaches over the right side, with no empty line above it.
-    if (fitting > 0 && canvas.TextWidth(line) > width) {
-      std::string done = line.substr(0, fitting);
-      if (draw) canvas.Print(done);
-      canvas.CurrentY += canvas.TextHeight(done);
-      canvas.CurrentX = leftMargin;
-      line.erase(0, fitting);
-      if (!line.empty() && line.front() == ' ') line.erase(0, 1);
+    if (fitting == 0) {
+      lineWidth = canvas.TextWidth(line);
+      joins = 0;
+    } else {
+      float estimate = lineWidth + canvas.TextWidth(std::string(piece));
+      ++joins;
+      if (estimate + static_cast<float>(joins) * joinSlack <= width) {
+        lineWidth = estimate;
+      } else {
+        lineWidth = canvas.TextWidth(line);
+        joins = 0;
+        if (lineWidth > width) {
+          std::string done = line.substr(0, fitting);
+          if (draw) canvas.Print(done);
+          canvas.CurrentY += canvas.TextHeight(done);
+          canvas.CurrentX = leftMargin;
+          line.erase(0, fitting);
+          if (!line.empty() && line.front() == ' ') line.erase(0, 1);
+          lineWidth = canvas.TextWidth(line);
+        }
+      }
     }
     fitting = line.size();
   }

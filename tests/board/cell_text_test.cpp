@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <random>
 #include <vector>
 
 #include "board/cell_text.h"
@@ -66,6 +67,45 @@ INSTANTIATE_TEST_SUITE_P(
                       // A wide piece stands alone; as the first piece it gets no empty line above.
                       LayoutCase{"ab averyverylongword cd", 5, {"ab ", "averyverylongword ", "cd"}},
                       LayoutCase{"averyverylongword", 5, {"averyverylongword"}}));
+
+// Pairs across a join are kerned, so a line is not the sum of its pieces: the breaks must
+// still be those of measuring every line whole.
+TEST(LayoutCellText, BreaksAsMeasuringTheWholeLineWouldWithKerning) {
+  struct KerningSurface : TestSurface {
+    float TextWidth(const std::string& text) override {
+      float kerned = 0;
+      for (size_t i = 1; i < text.size(); ++i)
+        kerned += (text[i - 1] == ' ' || text[i - 1] == '.') ? 0.3f : 0;
+      return static_cast<float>(text.size()) + kerned;
+    }
+  };
+  auto wholeLineBreaks = [](Surface& canvas, const std::string& text, float width) {
+    Lines lines;
+    std::string line, fitting;
+    for (int16_t i = 1; i <= countTextPieces(text); ++i) {
+      line += textPiece(text, i);
+      if (!fitting.empty() && canvas.TextWidth(line) > width) {
+        lines.push_back(fitting);
+        line.erase(0, fitting.size());
+        if (!line.empty() && line.front() == ' ') line.erase(0, 1);
+      }
+      fitting = line;
+    }
+    lines.push_back(line);
+    return lines;
+  };
+  std::mt19937 random(7);
+  for (int round = 0; round < 300; ++round) {
+    std::string text;
+    for (int i = 0, n = static_cast<int>(random() % 40); i < n; ++i) text += " . ,abcdef"[random() % 10];
+    float width = static_cast<float>(random() % 200) / 10.0f;
+    KerningSurface canvas;
+    layoutCellText(canvas, text, width, 0, true);
+    Lines printed;
+    for (const auto& op : canvas.Image().ops()) printed.push_back(canvas.Image().text(op.text));
+    EXPECT_EQ(printed, wholeLineBreaks(canvas, text, width)) << '"' << text << "\" at " << width;
+  }
+}
 
 }  // namespace
 }  // namespace tavlero
