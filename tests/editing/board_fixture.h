@@ -56,10 +56,12 @@ class BoardTest : public ::testing::Test {
   float geometry(int16_t cell, const char* key) const {
     return static_cast<float>(textToNumber(getField(store.sizeList.List(cell), key)));
   }
-  Point centreOf(int16_t cell) const {
-    return {(geometry(cell, "X1") + geometry(cell, "X2")) / 2,
-            (geometry(cell, "Y1") + geometry(cell, "Y2")) / 2};
+  // The middle of a cell's or link's box.
+  static Point centreIn(const std::string& box) {
+    auto at = [&](const char* key) { return static_cast<float>(textToNumber(getField(box, key))); };
+    return {(at("X1") + at("X2")) / 2, (at("Y1") + at("Y2")) / 2};
   }
+  Point centreOf(int16_t cell) const { return centreIn(store.sizeList.List(cell)); }
   std::string field(int16_t cell, const char* key) const { return getField(store.itemList.List(cell), key); }
   size_t imageSize() const { return world.canvas.Image().size(); }
   size_t drawnSince(size_t mark, DrawKind kind) const {

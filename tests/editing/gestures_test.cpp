@@ -16,12 +16,6 @@ using testing::PrintTo;
 
 class GestureTest : public BoardTest {
  protected:
-  // The middle of the link les -> B.
-  Point linkMiddle() const {
-    const std::string& g = store.linkSizeList.List(0);
-    auto read = [&](const char* key) { return static_cast<float>(textToNumber(getField(g, key))); };
-    return {(read("X1") + read("X2")) / 2, (read("Y1") + read("Y2")) / 2};
-  }
   void press(int16_t button, int16_t shift, Point p) { canvas_MouseDown(app, button, shift, p.x, p.y); }
   void move(int16_t buttons, Point p) { canvas_MouseMove(app, buttons, 0, p.x, p.y); }
   void release(int16_t button, Point p) { canvas_MouseUp(app, button, 0, p.x, p.y); }
@@ -31,9 +25,7 @@ enum Target { kOnLes, kOnB, kOnLink, kEmpty };
 
 struct PressCase {
   const char* name;
-  int16_t cellBefore;
-  bool linkBefore;  // the link les -> B
-  int16_t button, shift;
+  int16_t cellBefore, linkBefore, button, shift;  // the link before: 0 les -> B, -1 none
   Target target;
   int16_t cellAfter, linkAfter, links;
   bool saved;
@@ -45,8 +37,9 @@ class PressTest : public GestureTest, public ::testing::WithParamInterface<Press
 TEST_P(PressTest, SelectsLinksOrDeselectsAndPaintsOnlyWhatChanged) {
   const PressCase& p = GetParam();
   store.selectedCell = p.cellBefore;
-  store.selectedLink = p.linkBefore ? int16_t{0} : int16_t{-1};
-  Point at = std::vector<Point>{centreOf(a), centreOf(b), linkMiddle(), {300, 300}}[p.target];
+  store.selectedLink = p.linkBefore;
+  Point at = std::vector<Point>{
+      centreOf(a), centreOf(b), centreIn(store.linkSizeList.List(0)), {300, 300}}[p.target];
   size_t mark = imageSize();
   press(p.button, p.shift, at);
   EXPECT_EQ(std::tuple(store.selectedCell, store.selectedLink, store.linkList.ListCount(), store.isSaved,
@@ -57,20 +50,17 @@ TEST_P(PressTest, SelectsLinksOrDeselectsAndPaintsOnlyWhatChanged) {
 // Buttons: 1 left, 2 right, 4 middle; modifiers: 1 Shift, 2 Ctrl, 4 Alt.
 INSTANTIATE_TEST_SUITE_P(
     Cases, PressTest,
-    ::testing::Values(PressCase{"select", 0, 0, 1, 0, kOnB, 1, -1, 3, true, 2, 0},
-                      PressCase{"select ends link", -1, 1, 1, 0, kOnLes, 0, -1, 3, true, 1, 1},
-                      PressCase{"shift links", 1, 0, 1, 1, kOnLes, 1, -1, 4, false, 0, 1},
-                      PressCase{"shift, duplicate", 0, 0, 1, 1, kOnB, 0, -1, 3, false, 0, 1},
-                      PressCase{"shift, to itself", 0, 0, 1, 1, kOnLes, 0, -1, 3, true, 0, 1},
-                      PressCase{"shift, none selected", -1, 0, 1, 1, kOnB, -1, -1, 3, true, 0, 0},
-                      PressCase{"shift ctrl", 0, 0, 1, 3, kOnB, -1, -1, 3, true, 1, 0},
-                      PressCase{"ctrl", 0, 0, 1, 2, kOnB, -1, -1, 3, true, 1, 0},
-                      PressCase{"alt", 0, 0, 1, 4, kOnB, -1, -1, 3, true, 1, 0},
-                      PressCase{"right", 0, 0, 2, 0, kOnLes, -1, -1, 3, true, 1, 0},
-                      PressCase{"middle", 0, 0, 4, 0, kOnB, -1, -1, 3, true, 1, 0},
-                      PressCase{"left and right", 0, 0, 3, 0, kOnB, -1, -1, 3, true, 1, 0},
-                      PressCase{"on the link", 0, 0, 1, 0, kOnLink, -1, 0, 3, true, 1, 1},
-                      PressCase{"empty board ends link", -1, 1, 1, 0, kEmpty, -1, -1, 3, true, 0, 1}));
+    ::testing::Values(PressCase{"select", 0, -1, 1, 0, kOnB, 1, -1, 3, true, 2, 0},
+                      PressCase{"select ends link", -1, 0, 1, 0, kOnLes, 0, -1, 3, true, 1, 1},
+                      PressCase{"shift links", 1, -1, 1, 1, kOnLes, 1, -1, 4, false, 0, 1},
+                      PressCase{"shift, none selected", -1, -1, 1, 1, kOnB, -1, -1, 3, true, 0, 0},
+                      PressCase{"shift ctrl", 0, -1, 1, 3, kOnB, -1, -1, 3, true, 1, 0},
+                      PressCase{"ctrl", 0, -1, 1, 2, kOnB, -1, -1, 3, true, 1, 0},
+                      PressCase{"alt", 0, -1, 1, 4, kOnB, -1, -1, 3, true, 1, 0},
+                      PressCase{"right", 0, -1, 2, 0, kOnLes, -1, -1, 3, true, 1, 0},
+                      PressCase{"middle", 0, -1, 4, 0, kOnB, -1, -1, 3, true, 1, 0},
+                      PressCase{"on the link", 0, -1, 1, 0, kOnLink, -1, 0, 3, true, 1, 1},
+                      PressCase{"empty board ends link", -1, 0, 1, 0, kEmpty, -1, -1, 3, true, 0, 1}));
 
 struct DropCase {
   const char* name;
@@ -85,9 +75,6 @@ class DropTest : public GestureTest, public ::testing::WithParamInterface<DropCa
 TEST_P(DropTest, OnlyTheRectangleFollowsAndTheDropMovesTheCell) {
   const DropCase& d = GetParam();
   Point start = centreOf(a), end{start.x + d.byX, start.y + d.byY};
-  press(1, 0, start);
-  release(1, start);
-  EXPECT_TRUE(store.isSaved) << "a click without a move drops nothing";
   press(1, 0, start);
   EXPECT_EQ(app.demoRectangle.Width, geometry(a, "X2") - 10) << "measured from the stored position";
   size_t mark = imageSize();
@@ -112,7 +99,6 @@ TEST_P(DropTest, OnlyTheRectangleFollowsAndTheDropMovesTheCell) {
 INSTANTIATE_TEST_SUITE_P(Drops, DropTest,
                          ::testing::Values(DropCase{"right and down", 30.5f, 20, " 40.5 30 100 10", 0, 0},
                                            DropCase{"back to the start", 0, 0, " 10 10 100 10", 0, 0},
-                                           DropCase{"exactly at 0", -10, 0, " 0 10 100 10", 0, 0},
                                            DropCase{"left of the edge", -40, 0, " 10 10 140 10", -20, 0},
                                            DropCase{"beyond both edges", -12.5f, -30, " 10 10 112.5 40", 7.5f,
                                                     -10}));
@@ -133,21 +119,6 @@ TEST_F(GestureTest, ARightPressDuringALeftDragEndsTheDrag) {
   EXPECT_EQ(app.demoRectangle.Left, 100);
   release(1, centreOf(b));
   EXPECT_EQ(std::tuple(app.demoRectangle.Visible, store.isSaved), std::tuple(false, false));
-}
-
-TEST_F(GestureTest, ARightDragPansTheCanvasAndNothingElse) {
-  world.canvas.Move(5, 5);
-  press(2, 0, {50, 50});
-  size_t mark = imageSize();
-  move(2, {60.4f, 44.5f});
-  // 5 + 10.4 rounds to 15; 5 - 5.5 = -0.5 ties to even.
-  EXPECT_EQ(std::tuple(world.ui.pointer, world.canvas.Left(), world.canvas.Top()),
-            std::tuple(kPointerSizeAll, 15.0f, 0.0f));
-  move(2, {60.4f, 44.5f});
-  EXPECT_EQ(world.canvas.Left(), 25) << "each step adds to where the canvas stands";
-  release(2, {60, 45});
-  EXPECT_EQ(std::tuple(world.ui.pointer, imageSize(), store.isSaved),
-            std::tuple(kPointerDefault, mark, true));
 }
 
 TEST_F(GestureTest, EveryMoveSetsTheTitleAndThePointerPosition) {

@@ -39,24 +39,23 @@ TEST_P(HitTest, FindsTheLowestEntryAtThePoint) {
 const std::string kCell = box(10, 20, 40, 50), kOver = box(30, 40, 90, 90),
                   kWide = box(-1e30f, 0, 1e30f, 100);
 const std::string kFlat = box(10, 50, 60, 50), kUpright = box(40, 10, 40, 60), kUpward = box(40, 60, 40, 10);
-const std::string kSteep = box(0, 0, 10, 100), kShallow = box(0, 0, 100, 10);
+const std::string kSteep = box(0, 0, 10, 100);
 const std::string kLeftward = box(60, 50, 10, 50), kRising = box(200, 300, 210, 250);
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, HitTest,
     ::testing::Values(
-        HitCase{"empty board", false, {}, 25, 35, -1}, HitCase{"inside", false, {kCell}, 25, 35, 0},
+        HitCase{"inside", false, {kCell}, 25, 35, 0},
+        HitCase{"flat, in widened box", true, {kFlat}, 30, 50.9f, 0},
         HitCase{"left edge", false, {kCell}, 10, 35, -1}, HitCase{"right edge", false, {kCell}, 40, 35, -1},
         HitCase{"top edge", false, {kCell}, 25, 20, -1}, HitCase{"bottom edge", false, {kCell}, 25, 50, -1},
         HitCase{"undrawn cell", false, {"X1: 0 Y1: 0 X2: 0 Y2: 0"}, 0, 0, -1},
         HitCase{"overlap: lowest wins", false, {kCell, kOver}, 35, 45, 0},
         HitCase{"overlap outside the lowest", false, {kCell, kOver}, 60, 45, 1},
         // Boxes over many parts of the board are looked up apart from the small ones.
-        HitCase{"wide box, then a small one", false, {kWide, kCell}, 25, 35, 0},
         HitCase{"small box, then a wide one", false, {kCell, kWide}, 25, 35, 0},
         HitCase{"wide box alone", false, {kCell, kWide}, -5e20f, 60, 1},
         HitCase{"across the origin", false, {box(-70, -70, 70, 70)}, -65, 65, 0},
-        HitCase{"no links", true, {}, 0, 0, -1}, HitCase{"flat, in widened box", true, {kFlat}, 30, 50.9f, 0},
         HitCase{"flat, widened edge", true, {kFlat}, 30, 51, -1},
         HitCase{"flat, beyond its end", true, {kFlat}, 60.5f, 50, -1},
         HitCase{"upright, near its end", true, {kUpright}, 39.5f, 58, 0},
@@ -66,8 +65,6 @@ INSTANTIATE_TEST_SUITE_P(
         HitCase{"upward, far from middle", true, {kUpward}, 40, 20, -1},
         HitCase{"steep, 1.9 right", true, {kSteep}, 6.9f, 50, 0},
         HitCase{"steep, 2 right", true, {kSteep}, 7, 50, -1},
-        HitCase{"shallow, 1.9 below", true, {kShallow}, 50, 6.9f, 0},
-        HitCase{"shallow, 2 below", true, {kShallow}, 50, 7, -1},
         HitCase{"leftward, no marks", true, {kLeftward}, 47.5f, 49.5f, 0},
         // A rising link earlier in the list flips how later flat lines are widened.
         HitCase{"leftward after rising", true, {kRising, kLeftward}, 47.5f, 49.5f, -1},

@@ -92,23 +92,12 @@ TEST_P(ColourKeyTest, SetsTheCurrentChoiceAndPaintsTheSelectedCell) {
 INSTANTIATE_TEST_SUITE_P(
     Keys, ColourKeyTest,
     ::testing::Values(ColourCase{"1", 49, 0, true, 12632256, 0, " 12632256/ 0", "12632256/0 "},
-                      ColourCase{"9", 57, 0, true, 16777215, 0, " 16777215/ 0", "16777215/0 "},
                       ColourCase{"3, no cell", 51, 0, false, 16711680, 0, " 255/ 0", ""},
                       ColourCase{"0", 48, 0, true, 16777215, 0, " 255/ 0", ""},
                       ColourCase{"shift 1", 49, 1, true, 16777215, 0, " 255/ 0", ""},
                       ColourCase{"ctrl 1", 49, 2, true, 16777215, 0, " 255/ 0", "16777215/0 255/0 "},
                       ColourCase{"ctrl 7", 55, 2, true, 16777215, 7, " 255/ 7", "16777215/0 255/7 "},
-                      ColourCase{"ctrl 7, no cell", 55, 2, false, 16777215, 7, " 255/ 0", ""},
-                      ColourCase{"ctrl 8", 56, 2, true, 16777215, 0, " 255/ 0", ""},
-                      ColourCase{"ctrl shift 1", 49, 3, true, 16777215, 0, " 255/ 0", ""}));
-
-TEST_F(KeysTest, TheMenuEntriesActAsTheKeys) {
-  store.selectedCell = a;
-  setColorMenu_Click(app, 3);
-  setFillMenu_Click(app, 7);
-  EXPECT_EQ(field(a, "cellColor"), " 16711680");
-  EXPECT_EQ(field(a, "cellFillStyle"), " 7");
-}
+                      ColourCase{"ctrl 8", 56, 2, true, 16777215, 0, " 255/ 0", ""}));
 
 struct PressedKey {
   const char* name;

@@ -57,17 +57,13 @@ class Exports : public ::testing::Test {
 };
 
 TEST_F(Exports, WorkedExamplesByteForByte) {
-  struct Example {
-    std::string expected;
-    void (*run)(App&);
-    int16_t selected;
-    std::string from;  // the file written, or empty for the clipboard
-  };
-  const Example examples[] = {{"scheme.txt", saveSchemeText, -1, "out"},
-                              {"clipboard.txt", copySchemeText, -1, ""},
-                              {"report.html", saveHtmlReport, -1, "out"},
-                              {"info_project.html", showMethodInfo, -1, "TavleroTemp.html"},
-                              {"info_les.html", showMethodInfo, 0, "TavleroTemp.html"}};
+  // The expected file, the export, the selected cell, and the file written ("" for the clipboard).
+  const std::tuple<std::string, void (*)(App&), int16_t, std::string> examples[] = {
+      {"scheme.txt", saveSchemeText, -1, "out"},
+      {"clipboard.txt", copySchemeText, -1, ""},
+      {"report.html", saveHtmlReport, -1, "out"},
+      {"info_project.html", showMethodInfo, -1, "TavleroTemp.html"},
+      {"info_les.html", showMethodInfo, 0, "TavleroTemp.html"}};
   for (const auto& [expected, run, selected, from] : examples) {
     FakeWorld world;
     loadExample(world);
@@ -81,36 +77,31 @@ TEST_F(Exports, WorkedExamplesByteForByte) {
 TEST_F(Exports, EmptyProjectLeavesTheClipboardAndWritesTheFramesAlone) {
   world_.clipboard.SetText("was there");
   copySchemeText(world_.app);
-  EXPECT_EQ(world_.clipboard.clears, 0);
-  EXPECT_EQ(world_.clipboard.text, "was there");
+  EXPECT_EQ(std::tuple(world_.clipboard.clears, world_.clipboard.text), std::tuple(0, "was there"));
   EXPECT_EQ(saved(world_, saveSchemeText), "");
   EXPECT_EQ(saved(world_, saveHtmlReport),
             "<html><body>\r\n<h1></h1>\r\n<big><pre></pre></big><hr />\r\n</body></html>\r\n");
   // The picture tests for no empty project, and takes the text off the clipboard.
   copyBoardPicture(world_.app);
-  EXPECT_FALSE(world_.clipboard.hasText);
-  EXPECT_EQ(world_.clipboard.pictures, 1);
+  EXPECT_EQ(std::tuple(world_.clipboard.hasText, world_.clipboard.pictures), std::tuple(false, 1));
 }
 
 // Each export as chosen, cancelled and failing: the project, selection and view stay, a
 // failure names the file, and the next plain save still goes to the project file.
 TEST_F(Exports, OnlyReadAndTheNextSaveGoesToTheProjectFile) {
-  struct Export {
-    const char* label;
-    void (*run)(App&);
-    bool toFile;
-  };
-  const Export exports[] = {{"scheme to clipboard", copySchemeText, false},
-                            {"scheme to file", saveSchemeText, true},
-                            {"html", saveHtmlReport, true},
-                            {"picture to clipboard", copyBoardPicture, false},
-                            {"picture to file", saveBoardPicture, true},
-                            {"print", printproject_Click, false},
-                            {"info view", showMethodInfo, false}};
-  for (const Export& e : exports)
+  // The export, and whether it asks for a file to write.
+  const std::tuple<std::string, void (*)(App&), bool> exports[] = {
+      {"scheme to clipboard", copySchemeText, false},
+      {"scheme to file", saveSchemeText, true},
+      {"html", saveHtmlReport, true},
+      {"picture to clipboard", copyBoardPicture, false},
+      {"picture to file", saveBoardPicture, true},
+      {"print", printproject_Click, false},
+      {"info view", showMethodInfo, false}};
+  for (const auto& [label, run, toFile] : exports)
     for (const std::string answer : {"", "butikk.out", "mangler/butikk.out"}) {
-      if (!e.toFile && !answer.empty()) continue;
-      SCOPED_TRACE(e.label + (" to '" + answer + "'"));
+      if (!toFile && !answer.empty()) continue;
+      SCOPED_TRACE(label + " to '" + answer + "'");
       FakeWorld world;
       loadExample(world);
       ProjectStore& store = world.app.store;
@@ -125,40 +116,35 @@ TEST_F(Exports, OnlyReadAndTheNextSaveGoesToTheProjectFile) {
       if (!answer.empty()) world.dialog.saveAnswers.push_back(path);
       const auto before = snapshotOf(world);
 
-      e.run(world.app);
+      run(world.app);
       methodInfoForm_Command1_Click(world.app);  // closes the info view, and does nothing else
       EXPECT_EQ(snapshotOf(world), before);
       EXPECT_FALSE(fs::exists("TavleroTemp.html"));
-      if (fails) {
-        ASSERT_EQ(world.ui.messages.size(), 1u);
-        EXPECT_NE(world.ui.messages[0].prompt.find("'" + path + "'"), std::string::npos);
-      } else {
-        EXPECT_TRUE(world.ui.messages.empty());
-      }
+      const std::string told = world.ui.messages.empty() ? "" : world.ui.messages[0].prompt;
+      EXPECT_EQ(std::tuple(world.ui.messages.size(), told.find("'" + path + "'") != std::string::npos),
+                std::tuple(size_t{fails}, fails));
       const bool written = !answer.empty() && (fs::exists(path) || !world.pictures.paths.empty());
       EXPECT_EQ(written, !answer.empty() && !fails);
 
       saveProject_Click(world.app);
-      EXPECT_TRUE(fs::exists(dir_.file("butikk.tvl")));
-      EXPECT_TRUE(store.isSaved);
+      EXPECT_EQ(std::tuple(fs::exists(dir_.file("butikk.tvl")), store.isSaved), std::tuple(true, true));
     }
 }
 
 TEST_F(Exports, InfoPageThatCannotBeWrittenLeavesMainEnabled) {
   fs::create_directory("TavleroTemp.html");  // a folder of that name can't be replaced by a file
   showMethodInfo(world_.app);
-  EXPECT_TRUE(world_.ui.enabled);
-  EXPECT_EQ(world_.app.methodInfoForm, nullptr);
   ASSERT_EQ(world_.ui.messages.size(), 1u);
-  EXPECT_NE(world_.ui.messages[0].prompt.find("TavleroTemp.html"), std::string::npos);
+  EXPECT_EQ(std::tuple(world_.ui.enabled, world_.app.methodInfoForm,
+                       world_.ui.messages[0].prompt.find("TavleroTemp.html") != std::string::npos),
+            std::tuple(true, true, true));
 }
 
 // The page lives as long as the view; the button stays centred on the outer width, with no
 // lower limit to any measure.
 TEST_F(Exports, InfoViewKeepsItsPageWhileOpenAndPlacesItsControls) {
   showMethodInfo(world_.app);
-  EXPECT_TRUE(fs::exists("TavleroTemp.html"));
-  EXPECT_FALSE(world_.ui.enabled);
+  EXPECT_EQ(std::tuple(fs::exists("TavleroTemp.html"), world_.ui.enabled), std::tuple(true, false));
   FakeMethodInfo& form = *world_.forms.lastMethodInfo;
   for (const auto& [width, height, placed] :
        {std::tuple{11625.f, 9225.f, std::array{5205.f, 7995.f, 11145.f, 7515.f}},
@@ -171,8 +157,7 @@ TEST_F(Exports, InfoViewKeepsItsPageWhileOpenAndPlacesItsControls) {
         << width;
   }
   methodInfoForm_Form_QueryUnload(world_.app);
-  EXPECT_FALSE(fs::exists("TavleroTemp.html"));
-  EXPECT_TRUE(world_.ui.enabled);
+  EXPECT_EQ(std::tuple(fs::exists("TavleroTemp.html"), world_.ui.enabled), std::tuple(false, true));
 }
 
 }  // namespace
