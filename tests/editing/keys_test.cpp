@@ -18,8 +18,6 @@ const std::string kAskLes = "Er du sikker p\xE5 at du vil slette 'les'?";
 const std::string kPlan = "les(lang 0) B(lang 1) C(lang 2) les>B>C>";
 const std::string kAskBC = "Er du sikker p\xE5 at du vil slette koblingen mellom 'B' og 'C'?";
 
-using KeysTest = BoardTest;
-
 struct DeleteCase {
   const char* name;
   int16_t cell, link;  // selected before
@@ -28,7 +26,7 @@ struct DeleteCase {
   std::string plan;    // the cells with their long descriptions, then the link sources
 };
 
-class DeleteTest : public KeysTest, public ::testing::WithParamInterface<DeleteCase> {};
+class DeleteTest : public BoardTest, public ::testing::WithParamInterface<DeleteCase> {};
 
 TEST_P(DeleteTest, AsksAndDeletesWithItsLinksOrChangesNothing) {
   const DeleteCase& d = GetParam();
@@ -37,14 +35,13 @@ TEST_P(DeleteTest, AsksAndDeletesWithItsLinksOrChangesNothing) {
   world.ui.answers.push_back(d.answer);
   size_t image = imageSize();
   canvas_KeyDown(app, kDelete, 0);
-  EXPECT_EQ(world.ui.messages.empty() ? "" : world.ui.messages[0].prompt, d.prompt);
   std::string plan;
   for (int16_t i = 0; i < store.itemList.ListCount(); ++i)
     plan += field(i, "methodName") + "(" + store.getLongDescription(i) + ") ";
   for (const std::string& link : store.linkList.items()) plan += getField(link, "linkSource") + ">";
-  EXPECT_EQ(plan, d.plan);
-  EXPECT_EQ(std::tuple(store.sizeList.ListCount(), store.linkSizeList.ListCount()),
-            std::tuple(store.itemList.ListCount(), store.linkList.ListCount()));
+  EXPECT_EQ(std::tuple(world.ui.messages.empty() ? "" : world.ui.messages[0].prompt, plan,
+                       store.sizeList.ListCount(), store.linkSizeList.ListCount()),
+            std::tuple(d.prompt, d.plan, store.itemList.ListCount(), store.linkList.ListCount()));
   bool deleted = d.answer == MsgResult::Yes && !d.prompt.empty();
   EXPECT_EQ(
       std::tuple(store.selectedCell, store.selectedLink, store.isSaved, imageSize() == image),
@@ -69,7 +66,7 @@ struct ColourCase {
   std::string painted;  // colour/fill of each box painted; any paint is a change
 };
 
-class ColourKeyTest : public KeysTest, public ::testing::WithParamInterface<ColourCase> {};
+class ColourKeyTest : public BoardTest, public ::testing::WithParamInterface<ColourCase> {};
 
 // A fill paints the cell white first and then the pattern in the cell's colour.
 TEST_P(ColourKeyTest, SetsTheCurrentChoiceAndPaintsTheSelectedCell) {
@@ -107,7 +104,7 @@ struct PressedKey {
   float zoom;
 };
 
-class KeyPressTest : public KeysTest, public ::testing::WithParamInterface<PressedKey> {};
+class KeyPressTest : public BoardTest, public ::testing::WithParamInterface<PressedKey> {};
 
 TEST_P(KeyPressTest, OpensTheDialogOrTheInfoViewOrZooms) {
   const PressedKey& k = GetParam();

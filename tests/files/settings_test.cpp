@@ -40,10 +40,11 @@ TEST_P(SettingsValues, AreTakenByTheirOwnRule) {
     writeFile(world.app.store.settingsPath, GetParam().file);
     world.app.store.doubleDraw = before;
     loadSettings(world.app);
-    EXPECT_EQ(readFile(world.app.store.settingsPath), GetParam().file);  // never rewritten
-    EXPECT_EQ(world.app.store.nameFontSize, GetParam().nameFontSize);
-    EXPECT_EQ(world.app.store.doubleDraw, GetParam().doubleDraw < 0 ? before : GetParam().doubleDraw == 1);
-    EXPECT_EQ(world.app.store.actionKey, GetParam().actionKey);
+    const ValueCase& v = GetParam();
+    const ProjectStore& store = world.app.store;
+    // The file is never rewritten.
+    EXPECT_EQ(std::tuple(readFile(store.settingsPath), store.nameFontSize, store.doubleDraw, store.actionKey),
+              std::tuple(v.file, v.nameFontSize, v.doubleDraw < 0 ? before : v.doubleDraw == 1, v.actionKey));
   }
 }
 
