@@ -121,6 +121,21 @@ TEST_F(GestureTest, ARightPressDuringALeftDragEndsTheDrag) {
   EXPECT_EQ(std::tuple(app.demoRectangle.Visible, store.isSaved), std::tuple(false, false));
 }
 
+TEST_F(GestureTest, ARightDragPansTheCanvasAndNothingElse) {
+  world.canvas.Move(5, 5);
+  press(2, 0, {50, 50});
+  size_t mark = imageSize();
+  move(2, {60.4f, 44.5f});
+  // 5 + 10.4 rounds to 15; 5 - 5.5 = -0.5 ties to even.
+  EXPECT_EQ(std::tuple(world.ui.pointer, world.canvas.Left(), world.canvas.Top()),
+            std::tuple(kPointerSizeAll, 15.0f, 0.0f));
+  move(2, {60.4f, 44.5f});
+  EXPECT_EQ(world.canvas.Left(), 25) << "each step adds to where the canvas stands";
+  release(2, {60, 45});
+  EXPECT_EQ(std::tuple(world.ui.pointer, imageSize(), store.isSaved),
+            std::tuple(kPointerDefault, mark, true));
+}
+
 TEST_F(GestureTest, EveryMoveSetsTheTitleAndThePointerPosition) {
   // The file name is a native UTF-8 path component; the title is in Windows-1252.
   store.programName = "Bl\xE5";

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include <tuple>
 
 #include "core/cp1252.h"
@@ -73,6 +75,19 @@ TEST(ProjectCommands, YesWithoutAFileSavesThroughTheDialogFirst) {
         std::tuple(world.app.store.programName, world.app.store.projectFileName, world.app.store.isSaved),
         open ? std::tuple("Kalkulator", "kalkulator.tvl", true) : std::tuple("", "", true));
   }
+}
+
+// A file the open dialog chose but that cannot be read: a message, and the project stays.
+TEST(OpenProject, FileThatCannotBeReadKeepsTheProject) {
+  FileWorld world;
+  world.addCell("kept", 10, 10);
+  std::filesystem::create_directory(world.dir.file("folder.tvl"));
+  world.dialog.openAnswers.push_back(world.dir.file("folder.tvl"));
+  openproject_Click(world.app);
+  EXPECT_EQ(world.app.store.itemList.ListCount(), 1);
+  EXPECT_TRUE(world.app.store.projectFileName.empty());
+  ASSERT_EQ(world.ui.messages.size(), 1u);
+  EXPECT_EQ(world.ui.messages[0].prompt, "Kunne ikke åpne filen '"_cp + world.dir.file("folder.tvl") + "'.");
 }
 
 }  // namespace

@@ -160,5 +160,34 @@ TEST(Writer, SaveFailingPartWayKeepsTheOldFile) {
   EXPECT_EQ(entriesIn(world.dir.path()), 1);
 }
 
+// Files beyond what a plan can hold are read up to the limit, and the user is told.
+TEST(Reader, ReadsUpToTheLimitsAndSaysHowManyWereLeftOut) {
+  std::string text =
+      "<minimumCellWidth>25</minimumCellWidth><maximumCellWidth>50</maximumCellWidth>"
+      "<nameFontSize>6</nameFontSize><infoFontSize>4</infoFontSize>";
+  for (int i = 0; i < ProjectStore::kMaxMethods + 3; ++i)
+    text += "<userMethod><positionX>" + std::to_string(i % 500) + "</positionX><methodName>m" +
+            std::to_string(i) + "</methodName><longDescription>d</longDescription></userMethod>\r\n";
+  for (int i = 0; i < ProjectStore::kMaxLinks + 1; ++i)
+    text += "<userLink><linkSource>m" + std::to_string(i % 1000) +
+            "</linkSource><linkTarget>m0</linkTarget></userLink>";
+  FileWorld world;
+  writeFile(world.dir.file("big.tvl"), text);
+  ASSERT_TRUE(readProject(world.app, world.dir.file("big.tvl")));
+  EXPECT_EQ(world.app.store.itemList.ListCount(), ProjectStore::kMaxMethods);
+  EXPECT_EQ(world.app.store.linkList.ListCount(), ProjectStore::kMaxLinks);
+  ASSERT_EQ(world.ui.messages.size(), 1u);
+  EXPECT_NE(world.ui.messages[0].prompt.find("3 metoder og 1 kobling ble ikke lest inn."), std::string::npos);
+  EXPECT_EQ(checkProject(text).size(), 2u);
+}
+
+// A name that is new in an existing folder becomes an empty file; a missing folder fails.
+TEST(Reader, MissingFileIsCreatedEmptyOnlyInAnExistingFolder) {
+  FileWorld world;
+  EXPECT_FALSE(readProject(world.app, world.dir.file("no/such.tvl")));
+  ASSERT_TRUE(readProject(world.app, world.dir.file("new.tvl")));
+  EXPECT_TRUE(std::filesystem::is_empty(world.dir.file("new.tvl")));
+}
+
 }  // namespace
 }  // namespace tavlero::testing

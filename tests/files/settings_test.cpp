@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include <tuple>
 
 #include "file_world.h"
@@ -59,6 +61,17 @@ INSTANTIATE_TEST_SUITE_P(
                       ValueCase{"<doubleDraw>maybe</doubleDraw>", 0, -1, ""},
                       ValueCase{"<nameFontSize>99999</nameFontSize><actionKey>Kx</actionKey>", 32767, -1,
                                 "Kx"}));
+
+// A settings file that cannot be made or read leaves the values as they were.
+TEST(Settings, FileThatCannotBeMadeOrReadLeavesTheValues) {
+  FileWorld world;
+  world.app.store.nameFontSize = 12;
+  for (const std::string& path : {world.dir.file("no/folder/tavlero.cfg"), world.dir.path(), std::string()}) {
+    world.app.store.settingsPath = path;
+    loadSettings(world.app);
+    EXPECT_EQ(world.app.store.nameFontSize, 12) << path;
+  }
+}
 
 }  // namespace
 }  // namespace tavlero::testing
