@@ -1,10 +1,9 @@
-// The method dialog in the desktop program: opened from the board, filled by typing and
-// closed by the keyboard, together with the other mouse and key work on the board.
+// The dialogs of the desktop program on the real widgets, and the drag and the deletion
+// of a cell.
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
@@ -12,19 +11,25 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <filesystem>
 #include <tuple>
-#include <utility>
 
 #include "board/board.h"
 #include "core/record.h"
+#include "export/info_dialogs.h"
+#include "export/info_view.h"
 #include "qt/desktop.h"
 #include "qt/method_form.h"
+#include "qt/qt_forms.h"
 #include "qt_test_app.h"
+#include "test_support.h"
 
 namespace tavlero {
 namespace {
 
-class MethodFormTest : public ::testing::Test {
+namespace fs = std::filesystem;
+
+class DesktopTest : public ::testing::Test {
  protected:
   static void SetUpTestSuite() { testing::ensureQtApp(); }
   void SetUp() override { desktop.window().show(); }
@@ -37,41 +42,38 @@ class MethodFormTest : public ::testing::Test {
     auto& surface = static_cast<QtSurface&>(app.canvas);
     return {x * surface.pixelsPerUnitX(), y * surface.pixelsPerUnitY()};
   }
-  void mouse(QEvent::Type type, QPointF at, Qt::MouseButtons held, Qt::KeyboardModifiers modifiers = {}) {
+  void mouse(QEvent::Type type, QPointF at, Qt::MouseButtons held) {
     Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, at, board().mapToGlobal(at), button, held, modifiers);
+    QMouseEvent event(type, at, board().mapToGlobal(at), button, held, Qt::NoModifier);
     QCoreApplication::sendEvent(&board(), &event);
-  }
-  void click(QPointF at, Qt::KeyboardModifiers modifiers = {}) {
-    mouse(QEvent::MouseButtonPress, at, Qt::LeftButton, modifiers);
-    mouse(QEvent::MouseButtonRelease, at, Qt::NoButton, modifiers);
   }
   // Opens the dialog at a board position, as the user does it.
   MethodDialog* doubleClick(float x, float y) {
     QPointF at = pixelsOf(x, y);
     mouse(QEvent::MouseMove, at, Qt::NoButton);
-    click(at);
+    mouse(QEvent::MouseButtonPress, at, Qt::LeftButton);
+    mouse(QEvent::MouseButtonRelease, at, Qt::NoButton);
     mouse(QEvent::MouseButtonDblClick, at, Qt::LeftButton);
     mouse(QEvent::MouseButtonRelease, at, Qt::NoButton);
     auto* form = dynamic_cast<QtMethodForm*>(app.addMethodForm.get());
     return form ? form->dialog() : nullptr;
   }
-  bool drawnText(const std::string& text) {
-    const DisplayList& image = app.canvas.Image();
-    for (const DrawOp& op : image.ops())
-      if (op.kind == DrawKind::Text && image.text(op.text) == text) return true;
-    return false;
-  }
 
   Desktop desktop{96};
 };
 
-TEST_F(MethodFormTest, AfterTheLongDescriptionEnterNoLongerPressesOk) {
+// What the run of the real program leaves out: Esc leaving the dialog, Enter no longer
+// pressing OK once the long description had the focus, the drag of a cell, and its
+// deletion answered Yes in the real message box.
+TEST_F(DesktopTest, ABoardSessionThroughTheWindow) {
+  MethodDialog* left = doubleClick(40, 30);
+  ASSERT_NE(left, nullptr);
+  QTest::keyClicks(left->methodName, QStringLiteral("les"));
+  QTest::keyClick(left->methodName, Qt::Key_Escape);
+  EXPECT_EQ(std::tuple(app.addMethodForm.get(), store.itemList.ListCount()), std::tuple(nullptr, int16_t{0}));
+
   MethodDialog* open = doubleClick(40, 30);
   ASSERT_NE(open, nullptr);
-  QTest::keyClick(open->methodName, Qt::Key_Return);
-  EXPECT_TRUE(open->errorLabel->isVisible()) << "an empty name is refused";
-
   QApplication::setActiveWindow(open);
   QTest::keyClicks(open->methodName, QStringLiteral("les"));
   open->longDescription->setFocus(Qt::TabFocusReason);
@@ -87,39 +89,12 @@ TEST_F(MethodFormTest, AfterTheLongDescriptionEnterNoLongerPressesOk) {
   EXPECT_EQ(app.addMethodForm, nullptr);
   ASSERT_EQ(store.itemList.ListCount(), 1);
   EXPECT_EQ(store.getLongDescription(0), "linje 1\r\nlinje 2");
-}
-
-// A dialog left by Esc, two cells by the dialog, a link by Shift, a drag, and the deletion
-// of a cell answered Yes in the real message box.
-TEST_F(MethodFormTest, ABoardSessionThroughTheWindow) {
-  MethodDialog* left = doubleClick(40, 30);
-  ASSERT_NE(left, nullptr);
-  QTest::keyClicks(left->methodName, QStringLiteral("les"));
-  QTest::keyClick(left->methodName, Qt::Key_Escape);
-  EXPECT_EQ(std::tuple(app.addMethodForm.get(), store.itemList.ListCount(), store.isSaved),
-            std::tuple(nullptr, int16_t{0}, true));
-  for (auto [name, x] : {std::pair{"A", 20.0f}, std::pair{"B\xC3\x85", 100.0f}}) {
-    MethodDialog* open = doubleClick(x, 20);
-    ASSERT_NE(open, nullptr);
-    EXPECT_FALSE(desktop.window().inputEnabled());
-    QTest::keyClicks(open->methodName, QString::fromUtf8(name));
-    QTest::keyClick(open->methodName, Qt::Key_Return);
-    EXPECT_EQ(std::tuple(app.addMethodForm.get(), desktop.window().inputEnabled()),
-              std::tuple(nullptr, true));
-  }
-  ASSERT_EQ(store.itemList.ListCount(), 2);
-  EXPECT_EQ(getField(store.itemList.List(1), "methodName"), "B\xC5");
-  EXPECT_TRUE(drawnText("B\xC5"));
 
   // A cell's box starts where the cell stands, so a few units in is on the cell.
-  click(pixelsOf(23, 23));
-  click(pixelsOf(103, 23), Qt::ShiftModifier);
-  ASSERT_EQ(store.linkList.ListCount(), 1);
-
-  mouse(QEvent::MouseButtonPress, pixelsOf(103, 23), Qt::LeftButton);
-  mouse(QEvent::MouseMove, pixelsOf(103, 63), Qt::LeftButton);
-  mouse(QEvent::MouseButtonRelease, pixelsOf(103, 63), Qt::NoButton);
-  EXPECT_EQ(getField(store.itemList.List(1), "positionY"), " 60");
+  mouse(QEvent::MouseButtonPress, pixelsOf(43, 33), Qt::LeftButton);
+  mouse(QEvent::MouseMove, pixelsOf(43, 73), Qt::LeftButton);
+  mouse(QEvent::MouseButtonRelease, pixelsOf(43, 73), Qt::NoButton);
+  EXPECT_EQ(getField(store.itemList.List(0), "positionY"), " 70");
 
   QString question;
   QTimer::singleShot(0, [&] {
@@ -129,10 +104,50 @@ TEST_F(MethodFormTest, ABoardSessionThroughTheWindow) {
     box->button(QMessageBox::Yes)->click();
   });
   QTest::keyClick(&board(), Qt::Key_Delete);
-  EXPECT_EQ(question, QStringLiteral("Er du sikker på at du vil slette 'BÅ'?"));
-  EXPECT_EQ(store.itemList.ListCount(), 1);
-  EXPECT_EQ(store.linkList.ListCount(), 0);
-  EXPECT_FALSE(drawnText("B\xC5"));
+  EXPECT_EQ(question, QStringLiteral("Er du sikker på at du vil slette 'les'?"));
+  EXPECT_EQ(store.itemList.ListCount(), 0);
+}
+
+// The page exists while the view is open, whether OK or the frame closes it.
+TEST_F(DesktopTest, InfoViewShowsThePageUntilItIsClosed) {
+  testing::TempDir folder;
+  const fs::path previous = fs::current_path(), page = folder.file("TavleroTemp.html");
+  fs::current_path(folder.path());
+  store.itemList.AddItem("<methodName>Les</methodName>");
+  showMethodInfo(app);
+  EXPECT_TRUE(fs::exists(page));
+  MethodInfoDialog* dialog = dynamic_cast<QtMethodInfoForm&>(*app.methodInfoForm).dialog();
+  QTest::mouseClick(dialog->command1, Qt::LeftButton);
+  EXPECT_FALSE(dialog->isVisible());
+  EXPECT_FALSE(fs::exists(page));
+  EXPECT_TRUE(desktop.window().inputEnabled());
+
+  showMethodInfo(app);
+  EXPECT_TRUE(fs::exists(page));
+  dynamic_cast<QtMethodInfoForm&>(*app.methodInfoForm).dialog()->close();
+  EXPECT_EQ(app.methodInfoForm, nullptr);
+  EXPECT_FALSE(fs::exists(page));
+  EXPECT_TRUE(desktop.window().inputEnabled());
+  fs::current_path(previous);
+}
+
+// Every OK counts as a change, and the texts are the project's own, also when read in
+// while the dialog was hidden.
+TEST_F(DesktopTest, ProgramInfoEditsTheProject) {
+  editClass_Click(app);
+  auto& form = dynamic_cast<QtProgramInfoForm&>(app.forms.programInfoForm());
+  form.programName->setText(QStringLiteral("Lager"));
+  QTest::mouseClick(form.command1, Qt::LeftButton);
+  EXPECT_FALSE(form.isVisible());
+  EXPECT_EQ(store.programName, "Lager");
+  EXPECT_FALSE(store.isSaved);
+  EXPECT_TRUE(desktop.window().inputEnabled());
+
+  store.programName = "Lest inn";  // as a project read in meanwhile leaves it
+  store.programDescription = "linje 1\r\nlinje 2";
+  editClass_Click(app);
+  EXPECT_EQ(form.programName->text(), QStringLiteral("Lest inn"));
+  EXPECT_EQ(form.programDescription->toPlainText(), QStringLiteral("linje 1\nlinje 2"));
 }
 
 }  // namespace
