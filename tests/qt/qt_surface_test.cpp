@@ -1,6 +1,7 @@
 // The Qt surface: the pixels of pictures drawn by surface operations and by the logic's
 // own board drawing, and the picture file.
 
+#include <QPrinterInfo>
 #include <cmath>
 
 #include "qt/board_painter.h"
@@ -59,6 +60,21 @@ std::string runs(const QImage& picture, const QRect& area, QColor colour) {
   return found;
 }
 
+TEST_F(QtSurfaceTest, TextIsMeasuredInBoardUnits) {
+  canvas.Font = {"Arial", 12, false};
+  float line = canvas.TextHeight("Mg"), wide = canvas.TextWidth("Hello world");
+  EXPECT_FLOAT_EQ(canvas.TextHeight(""), line);
+  EXPECT_FLOAT_EQ(canvas.TextHeight("a\r\nb\nc\rd"), 4 * line);
+  EXPECT_FLOAT_EQ(canvas.TextWidth("Hello world\r\nHi"), wide);
+  // 12 points at 96 dpi are 16 pixels; a line is a little taller.
+  EXPECT_GT(line * canvas.pixelsPerUnitY(), 16);
+  EXPECT_LT(line * canvas.pixelsPerUnitY(), 24);
+  // Windows-1252 letters, not broken UTF-8: an accent leaves the width alone.
+  EXPECT_FLOAT_EQ(canvas.TextWidth("\xE5\xE9"), canvas.TextWidth("ae"));
+  canvas.setScaleWidth(canvas.ScaleWidth() / 2);  // units twice as long
+  EXPECT_NEAR(canvas.TextWidth("Hello world"), wide / 2, 1e-4);
+}
+
 TEST_F(QtSurfaceTest, PictureHasTheSurfaceSizeAndRefusesWhatIsTooLarge) {
   canvas.setWidth(50.8f);  // two inches
   canvas.setHeight(25.4f);
@@ -107,6 +123,15 @@ TEST_F(QtSurfaceTest, TheLogicDrawsCellsLinksAndTheSelection) {
   zoomIn(app);
   EXPECT_GT(savedPicture().width(), saved.width());
   EXPECT_GT(savedPicture().height(), saved.height());
+}
+
+TEST(QtPrinter, PrintingWithoutAPrinterSaysSo) {
+  if (!QPrinterInfo::defaultPrinter().isNull()) GTEST_SKIP() << "this machine has a printer";
+  QWidget window;
+  QtPrinter printer(&window);
+  std::string error;
+  EXPECT_FALSE(printer.PrintForm(error));
+  EXPECT_EQ(error, "Fant ingen skriver.");
 }
 
 }  // namespace
