@@ -104,9 +104,7 @@ void FakeMethodInfo::sizeBrowser(float w, float h) {
 }
 
 std::unique_ptr<MethodFormView> FakeForms::makeMethodForm() {
-  auto form = std::make_unique<FakeMethodForm>();
-  lastMethodForm = form.get();
-  return form;
+  return std::make_unique<FakeMethodForm>();
 }
 
 std::unique_ptr<MethodInfoView> FakeForms::makeMethodInfoForm() {

@@ -148,7 +148,6 @@ class FakeAbout : public AboutView {
 // Hands out fakes and keeps a pointer to the last one made, for the test to inspect.
 class FakeForms : public FormFactory {
  public:
-  FakeMethodForm* lastMethodForm = nullptr;
   FakeMethodInfo* lastMethodInfo = nullptr;
   FakeAbout* lastAbout = nullptr;
   FakeProgramInfo programInfo;
