@@ -135,7 +135,7 @@ TEST_F(Exports, InfoPageThatCannotBeWrittenLeavesMainEnabled) {
   fs::create_directory("TavleroTemp.html");  // a folder of that name can't be replaced by a file
   showMethodInfo(world_.app);
   ASSERT_EQ(world_.ui.messages.size(), 1u);
-  EXPECT_EQ(std::tuple(world_.ui.enabled, world_.app.methodInfoForm,
+  EXPECT_EQ(std::tuple(world_.ui.enabled, world_.app.methodInfoForm == nullptr,
                        world_.ui.messages[0].prompt.find("TavleroTemp.html") != std::string::npos),
             std::tuple(true, true, true));
 }
