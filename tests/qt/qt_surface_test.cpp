@@ -126,6 +126,7 @@ TEST_F(QtSurfaceTest, TheLogicDrawsCellsLinksAndTheSelection) {
 }
 
 TEST(QtPrinter, PrintingWithoutAPrinterSaysSo) {
+  testing::ensureQtApp();
   if (!QPrinterInfo::defaultPrinter().isNull()) GTEST_SKIP() << "this machine has a printer";
   QWidget window;
   QtPrinter printer(&window);
