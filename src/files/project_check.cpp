@@ -1,6 +1,5 @@
 #include "files/project_check.h"
 
-#include <cmath>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -84,8 +83,7 @@ void checkNumbers(Report& report, std::string_view text) {
       report.add(std::string(key) + " mangler eller er mindre enn 1; innstillingene brukes i stedet.");
   }
   for (std::string_view key : {"nameFontSize", "infoFontSize"}) {
-    double size = std::nearbyint(textToNumber(getField(text, key)));
-    if (!(size >= 1 && size <= 32767))
+    if (fontSizeOf(getField(text, key)) < 1)
       report.add(std::string(key) +
                  " mangler, er mindre enn 1 eller er for stor; innstillingene brukes i stedet.");
   }

@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <cmath>
 #include <filesystem>
 
 #include "board/board.h"
@@ -33,14 +32,6 @@ bool loadProjectBytes(const std::string& path, std::string& bytes) {
     ::close(fd);
   }
   return readWholeFile(path, bytes);
-}
-
-// A font size as the reader stores it; one that does not fit 16 bits counts as 0, below
-// the test's limit, so the settings take its place.
-int16_t fontSizeOf(std::string_view text) {
-  double rounded = std::nearbyint(textToNumber(text));
-  if (!(rounded >= -32768.0 && rounded <= 32767.0)) return 0;
-  return static_cast<int16_t>(rounded);
 }
 
 std::string countText(size_t count, const char* one, const char* many) {

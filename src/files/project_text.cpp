@@ -1,5 +1,7 @@
 #include "files/project_text.h"
 
+#include <cmath>
+
 #include "core/record.h"
 
 namespace tavlero {
@@ -13,6 +15,12 @@ void appendLine(std::string& out, std::string_view open, std::string_view value,
 }
 
 }  // namespace
+
+int16_t fontSizeOf(std::string_view text) {
+  double rounded = std::nearbyint(textToNumber(text));
+  if (!(rounded >= -32768.0 && rounded <= 32767.0)) return 0;
+  return static_cast<int16_t>(rounded);
+}
 
 std::string_view trimRecord(std::string_view record) {
   size_t first = record.find('<');

@@ -3,6 +3,7 @@
 // writer produces and the tag scanner the reader and the checker share.
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,10 @@ namespace tavlero {
 
 // The whole file as writeProject writes it.
 std::string projectFileText(const ProjectStore& store);
+
+// A font size of the file as the reader stores it; one that does not fit 16 bits counts
+// as 0, below the reader's limit of 1, so the settings take its place.
+int16_t fontSizeOf(std::string_view text);
 
 // A record from its first '<' through its last '>', so that the white space a record
 // read from a file carries round it does not pile up at every save.
