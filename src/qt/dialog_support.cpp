@@ -17,6 +17,10 @@ int pixels(double twips) {
   return static_cast<int>(std::lround(twips / kTwipsPerInch * QtSurface::screenDpi()));
 }
 
+float twips(int pixels) {
+  return static_cast<float>(pixels * kTwipsPerInch / QtSurface::screenDpi());
+}
+
 void place(QWidget* widget, double left, double top, double width, double height) {
   int widthInPixels = pixels(width);
   // The boxes were measured for another font: a label grows rather than cut its text.

@@ -15,6 +15,7 @@ constexpr Qt::WindowFlags kFixedDialog = Qt::Dialog | Qt::CustomizeWindowHint | 
                                          Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 
 int pixels(double twips);
+float twips(int pixels);
 void place(QWidget* widget, double left, double top, double width, double height);
 
 // The logic holds line breaks as CR LF; Qt's text edits hold LF.

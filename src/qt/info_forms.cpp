@@ -16,17 +16,8 @@
 #include "export/info_dialogs.h"
 #include "export/info_view.h"
 #include "qt/dialog_support.h"
-#include "qt/qt_surface.h"
 
 namespace tavlero {
-
-namespace {
-
-float twips(int pixels) {
-  return static_cast<float>(pixels * 1440.0 / QtSurface::screenDpi());
-}
-
-}  // namespace
 
 ForwardingDialog::ForwardingDialog(App& app, QWidget* parent, Qt::WindowFlags flags, Handler onClose,
                                    Handler onEscape)
