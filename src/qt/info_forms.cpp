@@ -16,6 +16,7 @@
 #include "export/info_dialogs.h"
 #include "export/info_view.h"
 #include "qt/dialog_support.h"
+#include "qt/qt_surface.h"
 
 namespace tavlero {
 
