@@ -12,6 +12,7 @@ namespace {
 struct TagSpan {
   size_t start;     // 0-based index of the first character behind "<key>" (as if found)
   size_t closePos;  // 0-based index of "</key>", npos when absent
+  bool opened;      // whether "<key>" stands in the record at all
 };
 
 // The search has no test that the opening tag was found: without it, start counts from
@@ -25,7 +26,7 @@ TagSpan findTags(std::string_view record, std::string_view key) {
   closeTag.append("</").append(key).append(">");
   size_t openPos = record.find(openTag);  // 0-based
   size_t start = (openPos == std::string_view::npos) ? openTag.size() - 1 : openPos + openTag.size();
-  return {start, record.find(closeTag)};
+  return {start, record.find(closeTag), openPos != std::string_view::npos};
 }
 
 std::string formatFloat(double value, int precision) {
@@ -87,7 +88,9 @@ std::string getField(std::string_view record, std::string_view key) {
 std::string setField(std::string_view record, std::string_view key, std::string_view value) {
   if (record.empty()) return {};
   TagSpan span = findTags(record, key);
-  if (span.closePos == std::string_view::npos) return std::string(record);
+  // A record without the field (a hand-edited file) stays as it was: the position-0 rule
+  // would cut or grow it at every save.
+  if (span.closePos == std::string_view::npos || !span.opened) return std::string(record);
   // The first start-1 characters (1-based rule), the value, then the record from the
   // closing tag on. When the closing tag stands before the opening one the head is cut
   // at the closing tag's start, as the 1-based arithmetic does.

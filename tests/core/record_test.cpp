@@ -50,6 +50,7 @@ TEST(SetField, ReplacesOnlyTheValue) {
   EXPECT_EQ(setField("", "a", "v"), "");
   // A field the record lacks leaves the record as it was.
   EXPECT_EQ(setField("<b>y</b>", "a", "v"), "<b>y</b>");
+  EXPECT_EQ(setField("xxxxxx</a>", "a", "v"), "xxxxxx</a>");
 }
 
 TEST(NumberToText, IntegersHaveOneBlankUnlessNegative) {
