@@ -1,6 +1,9 @@
 // The export commands of the headless tool: text, html, info and picture. Each writes
 // the bytes the program's own command writes, to the path given instead of a chosen one.
 
+#include <algorithm>
+#include <cctype>
+
 #include "cli.h"
 #include "core/cp1252.h"
 #include "core/record.h"
@@ -8,6 +11,7 @@
 #include "export/html_report.h"
 #include "export/info_view.h"
 #include "export/text_scheme.h"
+#include "qt/board_vector.h"
 
 namespace tavlero::cli {
 
@@ -55,24 +59,44 @@ int info(Session& session, std::vector<std::string>& args) {
   return written(session, args[1], infoPageFileText(store));
 }
 
+bool endsWith(const std::string& path, std::string_view suffix) {
+  if (path.size() < suffix.size()) return false;
+  return std::equal(suffix.begin(), suffix.end(), path.end() - static_cast<std::ptrdiff_t>(suffix.size()),
+                    [](char a, char b) { return a == std::tolower(static_cast<unsigned char>(b)); });
+}
+
+// A vector picture for an .svg or .pdf name, which has no size limit worth the name;
+// otherwise the bitmap that the menu writes.
+bool savePicture(App& app, const std::string& path, std::string& reason) {
+  if (endsWith(path, ".svg")) return saveVectorPicture(app.canvas, VectorFormat::Svg, path, reason);
+  if (endsWith(path, ".pdf")) return saveVectorPicture(app.canvas, VectorFormat::Pdf, path, reason);
+  return app.pictures.SavePicture(app.canvas, path, reason);
+}
+
 int picture(Session& session, std::vector<std::string>& args) {
-  if (!twoPaths(args)) return usageError("picture tar IN.tvl OUT.bmp.");
+  if (!twoPaths(args)) return usageError("picture tar IN.tvl OUT.bmp|.png|.svg|.pdf.");
   if (!session.open(args[0])) return kExitFailure;
   std::string reason;
-  if (session.app().pictures.SavePicture(session.app().canvas, args[1], reason)) return kExitDone;
+  if (savePicture(session.app(), args[1], reason)) return kExitDone;
   showExportFailure(session.app(), args[1], reason);
   return kExitFailure;
 }
 
-const RegisterCommand kText(
-    {"text", "[--clipboard] IN.tvl OUT.txt",
-     "tekstskjemaet slik \"Lagre som tekst\" skriver det, eller teksten kopieringen gir", text});
-const RegisterCommand kHtml({"html", "IN.tvl OUT.html", "HTML-rapporten slik \"Lagre som HTML\" skriver den",
-                             html});
+const RegisterCommand kText({"text", "[--clipboard] IN.tvl OUT.txt",
+                             "skriver tekstskjemaet slik \"Lagre som tekst\" skriver det, eller med "
+                             "--clipboard teksten som kopieringen legger på utklippstavlen",
+                             text});
+const RegisterCommand kHtml({"html", "IN.tvl OUT.html",
+                             "skriver HTML-rapporten slik \"Lagre som HTML\" skriver den", html});
 const RegisterCommand kInfo({"info", "IN.tvl OUT.html [--method NAVN]",
-                             "siden i infovisningen: prosjektet, eller den første metoden med navnet", info});
-const RegisterCommand kPicture({"picture", "IN.tvl OUT.bmp",
-                                "bildet av brettet etter innlesing (BMP, eller PNG)", picture});
+                             "skriver siden i infovisningen: prosjektets side, eller siden til den første "
+                             "metoden med navnet NAVN",
+                             info});
+const RegisterCommand kPicture({"picture", "IN.tvl OUT.bmp|.png|.svg|.pdf",
+                                "skriver bildet av brettet etter innlesing: BMP som menyen skriver, PNG for "
+                                ".png, og for .svg og .pdf en vektortegning med tekst som tekst, uansett "
+                                "brettets størrelse",
+                                picture});
 
 }  // namespace
 

@@ -32,10 +32,11 @@ int check(Session& session, std::vector<std::string>& args) {
   return problems.empty() ? kExitDone : kExitProblems;
 }
 
-const RegisterCommand kSave({"save", "IN.tvl OUT.tvl", "skriv prosjektet slik lagre-kommandoen skriver det",
+const RegisterCommand kSave({"save", "IN.tvl OUT.tvl", "skriver prosjektet slik lagre-kommandoen skriver det",
                              save});
 const RegisterCommand kCheck({"check", "IN.tvl",
-                              "meld alt i filen som leseren ville miste eller lese feil; kode 1 ved funn",
+                              "skriver på standard ut alt i filen som leseren ville miste eller lese feil, "
+                              "én linje hver; kode 1 når den finner noe",
                               check});
 
 }  // namespace

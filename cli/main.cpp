@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <string_view>
 
 #include "cli.h"
 
@@ -12,18 +13,50 @@ namespace {
 
 using namespace tavlero::cli;
 
-void printUsage(std::FILE* out) {
-  std::fprintf(out, "Bruk: tavlero-cli KOMMANDO [--settings FIL] ARGUMENTER\n\n");
-  for (const Command& command : registeredCommands()) {
-    std::string head = std::string(command.name) + " " + std::string(command.arguments);
-    std::fprintf(out, "  %-40s %s\n", head.c_str(), std::string(command.summary).c_str());
+// Prints text from column indent on, broken at blanks so no line passes 80 columns.
+void printWrapped(std::FILE* out, std::string_view text, size_t indent) {
+  constexpr size_t kColumns = 80;
+  size_t column = indent;
+  std::fprintf(out, "%*s", static_cast<int>(indent), "");
+  while (!text.empty()) {
+    size_t end = text.find(' ');
+    std::string_view word = text.substr(0, end);
+    text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
+    // Columns are characters: count the UTF-8 lead bytes only.
+    size_t width = 0;
+    for (char c : word) width += (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+    if (column > indent && column + 1 + width > kColumns) {
+      std::fprintf(out, "\n%*s", static_cast<int>(indent), "");
+      column = indent;
+    }
+    if (column > indent) {
+      std::fputc(' ', out);
+      ++column;
+    }
+    std::fwrite(word.data(), 1, word.size(), out);
+    column += width;
   }
-  std::fprintf(
-      out,
-      "\n  --settings FIL   bruk FIL som innstillingsfil (lages med standardverdier hvis den mangler\n"
-      "                   eller er tom) i stedet for tavlero.cfg ved siden av programmet\n"
-      "\nAvslutningskode: 0 ferdig, 1 check fant problemer, 2 feil bruk eller en fil som ikke kan\n"
-      "leses eller skrives.\n");
+  std::fputc('\n', out);
+}
+
+void printUsage(std::FILE* out) {
+  std::fprintf(out,
+               "Bruk: tavlero-cli KOMMANDO [--settings FIL] ARGUMENTER\n"
+               "      tavlero-cli --help | --version\n\nKommandoer:\n");
+  for (const Command& command : registeredCommands()) {
+    std::fprintf(out, "  %s %s\n", std::string(command.name).c_str(), std::string(command.arguments).c_str());
+    printWrapped(out, command.summary, 6);
+  }
+  std::fprintf(out, "\nFelles valg:\n  --settings FIL\n");
+  printWrapped(out,
+               "bruk FIL som innstillingsfil (lages med standardverdier hvis den mangler eller er tom) i "
+               "stedet for tavlero.cfg ved siden av programmet",
+               6);
+  std::fprintf(out, "\nAvslutningskode:\n");
+  printWrapped(out, "0  ferdig", 2);
+  printWrapped(out, "1  check fant problemer, eller planen gikk over grensene (arbeidet er gjort)", 2);
+  printWrapped(out, "2  feil bruk, eller en fil som ikke kan leses eller skrives", 2);
+  std::fprintf(out, "\nEn melding som programmet ville vist i en boks, skrives på standard feil.\n");
 }
 
 // Qt's own chatter would mix with the tool's one-line messages.
@@ -44,6 +77,10 @@ int run(int argc, char** argv) {
   }
   if (args[0] == "--help" || args[0] == "-h") {
     printUsage(stdout);
+    return kExitDone;
+  }
+  if (args[0] == "--version") {
+    std::printf("Tavlero versjon %s\n", TAVLERO_VERSION);
     return kExitDone;
   }
   bool missing = false;
