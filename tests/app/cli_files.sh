@@ -3,7 +3,7 @@
 set -u
 cli="$1/tavlero-cli"
 data=$2
-example="$data/../../examples/kalkulator.tvl"
+example="$data/files/write/kalkulator.tvl"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 failures=0

@@ -41,7 +41,7 @@ TEST_F(FormLoad, WithoutCommandLineGivesAnEmptySavedBoardAndADefaultSettingsFile
 
 TEST_F(FormLoad, ReadsTheCommandLineProjectWithOrWithoutQuotes) {
   std::string project = dir.file("a b.tvl");
-  testing::writeFile(project, testing::readFile(testing::dataPath("../../examples/kalkulator.tvl")));
+  testing::writeFile(project, testing::readFile(testing::dataPath("files/write/kalkulator.tvl")));
   for (const std::string& line : {"\"" + project + "\"", project}) {
     FakeWorld fresh;
     ASSERT_TRUE(Form_Load(fresh.app, program(), line)) << line;

@@ -63,7 +63,7 @@ TEST(ProjectCommands, YesWithoutAFileSavesThroughTheDialogFirst) {
     ChangedProject world;
     std::string before = projectFileText(world.app.store);
     world.dialog.saveAnswers.push_back(open ? "" : world.dir.file("saved.tvl"));
-    world.dialog.openAnswers.push_back(dataPath("../../examples/kalkulator.tvl"));
+    world.dialog.openAnswers.push_back(dataPath("files/write/kalkulator.tvl"));
     (open ? openproject_Click : newproject_Click)(world.app);
     ASSERT_EQ(world.ui.messages.size(), 1u);
     EXPECT_EQ(world.ui.messages[0].prompt,

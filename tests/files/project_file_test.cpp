@@ -80,14 +80,14 @@ TEST(Writer, WritesTheExampleByteForByteAndNothingBeside) {
   world.addLinkRecord("main()", "public int sum(a, b)");
   store.isSaved = false;
   ASSERT_TRUE(writeProject(world.app, "kalkulator.tvl", world.dir.path()));
-  EXPECT_EQ(readFile(world.dir.file("kalkulator.tvl")), readFile(dataPath("../../examples/kalkulator.tvl")));
+  EXPECT_EQ(readFile(world.dir.file("kalkulator.tvl")), readFile(dataPath("files/write/kalkulator.tvl")));
   EXPECT_EQ(std::tuple(store.isSaved, entriesIn(world.dir.path())), std::tuple(true, 1));
 }
 
 // Positions come back compressed and records trimmed of the file's white space; the rest of
 // a long description cut short stays in the record; an empty file gives the settings' numbers.
 TEST(Writer, ReadAndSavedAgainGivesTheExpectedBytes) {
-  for (auto [in, out] : {std::pair{"../../examples/kalkulator.tvl", "files/write/kalkulator_read_back.tvl"},
+  for (auto [in, out] : {std::pair{"files/write/kalkulator.tvl", "files/write/kalkulator_read_back.tvl"},
                          {"files/read/text_behind_record.tvl", "files/write/text_behind_record.tvl"},
                          {"files/read/empty.tvl", "files/write/empty_project.tvl"}}) {
     FileWorld world;
