@@ -5,13 +5,21 @@ set -euo pipefail
 
 packages=(
   g++ cmake make pkg-config
-  qt6-base-dev libgl-dev
+  qt6-base-dev qt6-svg-dev libgl-dev
   fonts-liberation fontconfig
   xvfb xauth x11-utils xdotool
   libgtest-dev libgmock-dev libbenchmark-dev
+  libxml2-utils poppler-utils
 )
 if [[ "${1:-}" == "--fuzz" ]]; then
   packages+=(clang libclang-rt-14-dev)
+fi
+
+# The package, its desktop integration and a real print queue, for scripts/ci-package.sh,
+# scripts/ci-print.sh and scripts/screenshot.sh.
+if [[ " $* " == *" --package "* ]]; then
+  packages+=(dpkg-dev file man-db desktop-file-utils xdg-utils shared-mime-info libfile-mimeinfo-perl
+    libglib2.0-bin cups printer-driver-cups-pdf imagemagick)
 fi
 
 missing=()
