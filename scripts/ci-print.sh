@@ -35,28 +35,7 @@ printf 'Out %s\nAnonDirName %s\nUserUMask 0000\n' "$work/pdf" "$work/pdf" | $sud
 $sudo lpadmin -p "$queue" -E -v "cups-pdf:/$queue" -P /usr/share/ppd/cups-pdf/CUPS-PDF_opt.ppd
 $sudo lpadmin -d "$queue"
 
-# The real program, in a folder of its own so its settings file lands there.
-cp build/bin/tavlero "$work/"
-cat >"$work/inside.sh" <<'INSIDE'
-set -uo pipefail
-"$1" "$2" &
-pid=$!
-for _ in $(seq 150); do
-  window=$(xdotool search --onlyvisible --name '^Tavlero$' 2>/dev/null | head -n 1)
-  [[ -n $window ]] && break
-  sleep 0.1
-done
-[[ -n $window ]] || { echo "FAIL: no window" >&2; kill "$pid"; exit 1; }
-xdotool windowfocus --sync "$window"
-sleep 1
-xdotool key ctrl+p
-sleep 2
-xdotool windowfocus --sync "$window" key alt+f && sleep 0.5 && xdotool key a
-for _ in $(seq 100); do kill -0 "$pid" 2>/dev/null && sleep 0.1; done
-kill -0 "$pid" 2>/dev/null && { echo "FAIL: the program did not end" >&2; kill "$pid"; exit 1; }
-wait "$pid"
-INSIDE
-timeout 60 xvfb-run -a -s "-screen 0 1280x1024x24" bash "$work/inside.sh" "$work/tavlero" "$PWD/examples/nettbutikk.tvl" ||
+bash scripts/in-window.sh examples/nettbutikk.tvl "xdotool key ctrl+p && sleep 2" ||
   fail "the program did not print and end"
 
 for _ in $(seq 300); do

@@ -38,6 +38,9 @@ expect 2 "$cli" save --settings "$work/s.cfg" "$example" "$work/folder.tvl"
 grep -q "Kunne ikke lagre filen '$work/folder.tvl'" "$work/err" || fail "no message for an unwritable output"
 for usage in "save only-one.tvl" frobnicate "save --settings" ""; do expect 2 "$cli" $usage; done
 expect 0 "$cli" --help
+[ "$(LC_ALL=C.UTF-8 wc -L <"$work/out")" -le 80 ] || fail "--help is wider than 80 columns"
+expect 0 "$cli" --version
+[ "$(cat "$work/out")" = "Tavlero versjon 0.1" ] || fail "--version gave: $(cat "$work/out")"
 
 # check: a clean file gives nothing and 0; a damaged one the checker's lines and 1.
 expect 0 "$cli" check --settings "$work/s.cfg" "$example"
