@@ -22,7 +22,9 @@ void printUsage(std::FILE* out) {
       out,
       "\n  --settings FIL   bruk FIL som innstillingsfil (lages med standardverdier hvis den mangler\n"
       "                   eller er tom) i stedet for tavlero.cfg ved siden av programmet\n"
-      "\nAvslutningskode: 0 ferdig, 1 check fant problemer, 2 feil bruk eller en fil som ikke kan\n"
+      "\n  UT som - skriver til standard ut.\n"
+      "\nAvslutningskode: 0 ferdig, 1 check fant problemer eller planen hadde flere metoder eller\n"
+      "koblinger enn den kan holde (arbeidet er gjort), 2 feil bruk eller en fil som ikke kan\n"
       "leses eller skrives.\n");
 }
 
