@@ -1,0 +1,221 @@
+// The save routine on real files in a temporary folder: links, FIFOs, modes, owners and
+// extended attributes as a user's files have them. Cases that need another user run the
+// save in a child process as nobody (uid and gid 65534), which needs root.
+#include <grp.h>
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <set>
+#include <thread>
+#include <tuple>
+
+#include "files/save_file.h"
+#include "test_support.h"
+
+namespace tavlero::testing {
+namespace {
+
+namespace fs = std::filesystem;
+constexpr uid_t kNobody = 65534;
+
+enum class Way { Replaced, InPlace, Untouched };
+
+struct RuleCase {
+  const char* name;
+  void (*prepare)(const std::string& dir);  // leaves "plan.tvl" and what goes with it
+  bool asNobody;
+  FileError error;
+  Way way;
+};
+
+void PrintTo(const RuleCase& rule, std::ostream* out) {
+  *out << rule.name;
+}
+
+void plan(const std::string& dir, mode_t mode, uid_t owner, gid_t group) {
+  writeFile(dir + "plan.tvl", "old");
+  ::setxattr((dir + "plan.tvl").c_str(), "user.tavlero", "kept", 4, 0);
+  ::chown((dir + "plan.tvl").c_str(), owner, group);
+  ::chmod((dir + "plan.tvl").c_str(), mode);
+}
+
+const RuleCase kRuleCases[] = {
+    {"PlainFile", [](const std::string& d) { plan(d, 0640, 0, 0); }, false, FileError::None, Way::Replaced},
+    {"AnotherUsersFile", [](const std::string& d) { plan(d, 0660, kNobody, kNobody); }, false,
+     FileError::None, Way::Replaced},
+    {"HardLink",
+     [](const std::string& d) {
+       plan(d, 0644, 0, 0);
+       fs::create_hard_link(d + "plan.tvl", d + "other.tvl");
+     },
+     false, FileError::None, Way::InPlace},
+    {"Symlink",
+     [](const std::string& d) {
+       fs::create_directory(d + "real");
+       writeFile(d + "real/plan.tvl", "old");
+       fs::create_symlink("real/plan.tvl", d + "plan.tvl");
+     },
+     false, FileError::None, Way::InPlace},
+    {"ReadOnlyForTheUser", [](const std::string& d) { plan(d, 0444, kNobody, kNobody); }, true,
+     FileError::NotPermitted, Way::Untouched},
+    {"FolderNotWritable",
+     [](const std::string& d) {
+       plan(d, 0644, kNobody, kNobody);
+       ::chmod(d.c_str(), 0755);
+     },
+     true, FileError::None, Way::InPlace},
+    {"OwnerCannotBeKept", [](const std::string& d) { plan(d, 0660, 0, kNobody); }, true, FileError::None,
+     Way::InPlace},
+    {"FifoWithoutReader", [](const std::string& d) { ::mkfifo((d + "plan.tvl").c_str(), 0666); }, false,
+     FileError::NoReader, Way::Untouched},
+    {"Folder", [](const std::string& d) { fs::create_directory(d + "plan.tvl"); }, false, FileError::IsFolder,
+     Way::Untouched},
+    {"NewFile", [](const std::string&) {}, true, FileError::None, Way::Replaced},
+};
+
+// What a save must keep of a file: its kind at the name, and of the file it names the
+// mode, owner, group and extended attribute.
+struct Kept {
+  mode_t linkKind = 0;
+  mode_t mode = 0;
+  uid_t uid = 0;
+  gid_t gid = 0;
+  std::string attribute;
+  bool operator==(const Kept&) const = default;
+};
+
+std::tuple<Kept, ino_t> look(const std::string& path) {
+  struct stat link {};
+  struct stat info {};
+  ::lstat(path.c_str(), &link);
+  ::stat(path.c_str(), &info);
+  char value[16] = {};
+  ssize_t size = ::getxattr(path.c_str(), "user.tavlero", value, sizeof value);
+  return {Kept{link.st_mode & S_IFMT, info.st_mode, info.st_uid, info.st_gid,
+               std::string(value, size > 0 ? static_cast<size_t>(size) : 0)},
+          info.st_ino};
+}
+
+std::set<std::string> entries(const std::string& dir) {
+  std::set<std::string> names;
+  for (const auto& entry : fs::recursive_directory_iterator(dir)) names.insert(entry.path().string());
+  return names;
+}
+
+// The save as nobody, in a child process; its exit status is the FileError.
+FileError saveAsNobody(const std::string& path, std::string_view bytes) {
+  pid_t child = fork();
+  if (child == 0) {
+    bool dropped = ::setgroups(0, nullptr) == 0 && ::setresgid(kNobody, kNobody, kNobody) == 0 &&
+                   ::setresuid(kNobody, kNobody, kNobody) == 0;
+    _exit(dropped ? static_cast<int>(saveFile(path, bytes)) : 100);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  return static_cast<FileError>(WIFEXITED(status) ? WEXITSTATUS(status) : 101);
+}
+
+class SaveRules : public ::testing::TestWithParam<RuleCase> {};
+
+TEST_P(SaveRules, KeepWhatTheUserHad) {
+  const RuleCase& rule = GetParam();
+  if (::geteuid() != 0) GTEST_SKIP() << "needs root to give files to nobody";
+  TempDir temp;
+  ::chmod(temp.path().c_str(), 0755);
+  const std::string dir = temp.file("case/");
+  fs::create_directory(dir);
+  ::chmod(dir.c_str(), 0777);
+  rule.prepare(dir);
+  const std::string path = dir + "plan.tvl";
+  const bool existed = fs::exists(fs::symlink_status(path));
+  auto [before, inode] = look(path);
+  const std::set<std::string> names = entries(temp.path());
+
+  FileError error = rule.asNobody ? saveAsNobody(path, "new") : saveFile(path, "new");
+  EXPECT_EQ(error, rule.error);
+  auto [after, newInode] = look(path);
+  if (existed) EXPECT_EQ(after, before);
+  if (rule.way != Way::Untouched && fs::is_regular_file(path)) EXPECT_EQ(readFile(path), "new");
+  if (rule.way == Way::Untouched && fs::is_regular_file(path)) EXPECT_EQ(readFile(path), "old");
+  if (existed && rule.way != Way::Untouched) EXPECT_EQ(newInode != inode, rule.way == Way::Replaced);
+  if (fs::exists(dir + "other.tvl")) EXPECT_EQ(readFile(dir + "other.tvl"), "new");
+  std::set<std::string> expected = names;
+  expected.insert(path);
+  EXPECT_EQ(entries(temp.path()), expected) << "nothing beside the plan is left";
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, SaveRules, ::testing::ValuesIn(kRuleCases),
+                         [](const auto& info) { return info.param.name; });
+
+// Longer names than the temporary file's own, up to the longest the system allows.
+TEST(SaveFile, TakesEveryLegalName) {
+  TempDir temp;
+  for (size_t length : {1u, 244u, 255u}) {
+    const std::string path = temp.file(std::string(length, 'n'));
+    EXPECT_EQ(saveFile(path, "x"), FileError::None) << length;
+    EXPECT_EQ(readFile(path), "x");
+  }
+  EXPECT_EQ(saveFile(temp.file(std::string(256, 'n')), "x"), FileError::NameTooLong);
+}
+
+// A save killed at any moment leaves the old plan or the new one, whole, and nothing else.
+TEST(SaveFile, KilledPartWayLeavesOldOrNewAndNothingBeside) {
+  TempDir temp;
+  const std::string path = temp.file("plan.tvl");
+  const std::string old = "old plan";
+  const std::string fresh(8 << 20, 'n');
+  for (int delayMs : {0, 1, 3, 10, 30}) {
+    writeFile(path, old);
+    pid_t child = fork();
+    if (child == 0) {
+      for (;;) saveFile(path, fresh);
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(delayMs));
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    std::string now = readFile(path);
+    EXPECT_TRUE(now == old || now == fresh) << delayMs;
+    EXPECT_EQ(entries(temp.path()), std::set<std::string>{path}) << delayMs;
+  }
+}
+
+// Temporary files of ours are swept once they are old; a fresh one may be another save's.
+TEST(SaveFile, SweepsOnlyStaleTemporariesOfItsOwn) {
+  TempDir temp;
+  const std::string stale = temp.file(std::string(kTemporaryPrefix) + "abc123");
+  const std::string fresh = temp.file(std::string(kTemporaryPrefix) + "def456");
+  const std::string other = temp.file(std::string(kTemporaryPrefix) + "user's file");
+  for (const std::string& name : {stale, fresh, other}) writeFile(name, "x");
+  const timespec longAgo[2] = {{0, 0}, {std::time(nullptr) - 3600, 0}};
+  for (const std::string& name : {stale, other}) ::utimensat(AT_FDCWD, name.c_str(), longAgo, 0);
+  ASSERT_EQ(saveFile(temp.file("plan.tvl"), "new"), FileError::None);
+  EXPECT_EQ(entries(temp.path()), (std::set<std::string>{fresh, other, temp.file("plan.tvl")}));
+}
+
+// A real full disk: a small tmpfs, where the machine lets us mount one. Both ways of
+// writing leave the old bytes.
+TEST(SaveFile, FullDiskKeepsTheOldPlan) {
+  TempDir temp;
+  const std::string disk = temp.file("disk/");
+  fs::create_directory(disk);
+  if (::mount("tavlero-test", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
+    GTEST_SKIP() << "cannot mount a tmpfs here; the write limit test covers a full disk";
+  writeFile(disk + "plan.tvl", "old");
+  fs::create_hard_link(disk + "plan.tvl", disk + "other.tvl");
+  writeFile(disk + "single.tvl", "old");
+  const std::string big(256 << 10, 'n');
+  EXPECT_EQ(std::tuple(saveFile(disk + "single.tvl", big), saveFile(disk + "plan.tvl", big)),
+            std::tuple(FileError::NoSpace, FileError::NoSpace));
+  EXPECT_EQ(std::tuple(readFile(disk + "single.tvl"), readFile(disk + "plan.tvl")), std::tuple("old", "old"));
+  EXPECT_EQ(entries(disk).size(), 3u);
+  ::umount(disk.c_str());
+}
+
+}  // namespace
+}  // namespace tavlero::testing
