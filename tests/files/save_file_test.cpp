@@ -38,11 +38,32 @@ void PrintTo(const RuleCase& rule, std::ostream* out) {
   *out << rule.name;
 }
 
+// An access ACL in the kernel's form, with one named user (4242) who may read and write.
+void giveAcl(const std::string& path, mode_t mode) {
+  struct Entry {
+    uint16_t tag, perm;
+    uint32_t id;
+  };
+  struct {
+    uint32_t version = 2;
+    Entry entries[5];
+  } acl{2,
+        {{0x01, static_cast<uint16_t>((mode >> 6) & 7), ~0u},
+         {0x02, 6, 4242},
+         {0x04, static_cast<uint16_t>((mode >> 3) & 7), ~0u},
+         {0x10, 6, ~0u},
+         {0x20, static_cast<uint16_t>(mode & 7), ~0u}}};
+  if (::setxattr(path.c_str(), "system.posix_acl_access", &acl, sizeof acl, 0) != 0)
+    ADD_FAILURE() << "no ACL";
+}
+
 void plan(const std::string& dir, mode_t mode, uid_t owner, gid_t group) {
-  writeFile(dir + "plan.tvl", "old");
-  ::setxattr((dir + "plan.tvl").c_str(), "user.tavlero", "kept", 4, 0);
-  ::chown((dir + "plan.tvl").c_str(), owner, group);
-  ::chmod((dir + "plan.tvl").c_str(), mode);
+  const std::string path = dir + "plan.tvl";
+  writeFile(path, "old, longer plan");
+  if (::setxattr(path.c_str(), "user.tavlero", "kept", 4, 0) != 0) ADD_FAILURE() << "no attribute";
+  ::chown(path.c_str(), owner, group);
+  ::chmod(path.c_str(), mode);
+  giveAcl(path, mode);
 }
 
 const RuleCase kRuleCases[] = {
@@ -58,7 +79,7 @@ const RuleCase kRuleCases[] = {
     {"Symlink",
      [](const std::string& d) {
        fs::create_directory(d + "real");
-       writeFile(d + "real/plan.tvl", "old");
+       writeFile(d + "real/plan.tvl", "old, longer plan");
        fs::create_symlink("real/plan.tvl", d + "plan.tvl");
      },
      false, FileError::None, Way::InPlace},
@@ -80,25 +101,30 @@ const RuleCase kRuleCases[] = {
 };
 
 // What a save must keep of a file: its kind at the name, and of the file it names the
-// mode, owner, group and extended attribute.
+// mode, owner, group, extended attribute and ACL.
 struct Kept {
   mode_t linkKind = 0;
   mode_t mode = 0;
   uid_t uid = 0;
   gid_t gid = 0;
   std::string attribute;
+  std::string acl;
   bool operator==(const Kept&) const = default;
 };
+
+std::string attribute(const std::string& path, const char* name) {
+  char value[128] = {};
+  ssize_t size = ::getxattr(path.c_str(), name, value, sizeof value);
+  return std::string(value, size > 0 ? static_cast<size_t>(size) : 0);
+}
 
 std::tuple<Kept, ino_t> look(const std::string& path) {
   struct stat link {};
   struct stat info {};
   ::lstat(path.c_str(), &link);
   ::stat(path.c_str(), &info);
-  char value[16] = {};
-  ssize_t size = ::getxattr(path.c_str(), "user.tavlero", value, sizeof value);
-  return {Kept{link.st_mode & S_IFMT, info.st_mode, info.st_uid, info.st_gid,
-               std::string(value, size > 0 ? static_cast<size_t>(size) : 0)},
+  return {Kept{link.st_mode & S_IFMT, info.st_mode, info.st_uid, info.st_gid, attribute(path, "user.tavlero"),
+               attribute(path, "system.posix_acl_access")},
           info.st_ino};
 }
 
@@ -142,7 +168,7 @@ TEST_P(SaveRules, KeepWhatTheUserHad) {
   auto [after, newInode] = look(path);
   if (existed) EXPECT_EQ(after, before);
   if (rule.way != Way::Untouched && fs::is_regular_file(path)) EXPECT_EQ(readFile(path), "new");
-  if (rule.way == Way::Untouched && fs::is_regular_file(path)) EXPECT_EQ(readFile(path), "old");
+  if (rule.way == Way::Untouched && fs::is_regular_file(path)) EXPECT_EQ(readFile(path), "old, longer plan");
   if (existed && rule.way != Way::Untouched) EXPECT_EQ(newInode != inode, rule.way == Way::Replaced);
   if (fs::exists(dir + "other.tvl")) EXPECT_EQ(readFile(dir + "other.tvl"), "new");
   std::set<std::string> expected = names;
