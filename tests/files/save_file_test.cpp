@@ -25,10 +25,15 @@ namespace fs = std::filesystem;
 constexpr uid_t kNobody = 65534;
 
 enum class Way { Replaced, InPlace, Untouched };
+enum class Shape { File, HardLinked, ThroughSymlink, Fifo, Missing };
 
 struct RuleCase {
   const char* name;
-  void (*prepare)(const std::string& dir);  // leaves "plan.tvl" and what goes with it
+  Shape shape;
+  mode_t mode;
+  uid_t owner;  // and group
+  gid_t group;
+  mode_t folderMode;
   bool asNobody;
   FileError error;
   Way way;
@@ -38,67 +43,43 @@ void PrintTo(const RuleCase& rule, std::ostream* out) {
   *out << rule.name;
 }
 
-// An access ACL in the kernel's form, with one named user (4242) who may read and write.
-void giveAcl(const std::string& path, mode_t mode) {
-  struct Entry {
-    uint16_t tag, perm;
-    uint32_t id;
-  };
-  struct {
-    uint32_t version = 2;
-    Entry entries[5];
-  } acl{2,
-        {{0x01, static_cast<uint16_t>((mode >> 6) & 7), ~0u},
-         {0x02, 6, 4242},
-         {0x04, static_cast<uint16_t>((mode >> 3) & 7), ~0u},
-         {0x10, 6, ~0u},
-         {0x20, static_cast<uint16_t>(mode & 7), ~0u}}};
-  if (::setxattr(path.c_str(), "system.posix_acl_access", &acl, sizeof acl, 0) != 0)
-    ADD_FAILURE() << "no ACL";
-}
-
-void plan(const std::string& dir, mode_t mode, uid_t owner, gid_t group) {
-  const std::string path = dir + "plan.tvl";
-  writeFile(path, "old, longer plan");
-  if (::setxattr(path.c_str(), "user.tavlero", "kept", 4, 0) != 0) ADD_FAILURE() << "no attribute";
-  ::chown(path.c_str(), owner, group);
-  ::chmod(path.c_str(), mode);
-  giveAcl(path, mode);
-}
-
 const RuleCase kRuleCases[] = {
-    {"PlainFile", [](const std::string& d) { plan(d, 0640, 0, 0); }, false, FileError::None, Way::Replaced},
-    {"AnotherUsersFile", [](const std::string& d) { plan(d, 0660, kNobody, kNobody); }, false,
-     FileError::None, Way::Replaced},
-    {"HardLink",
-     [](const std::string& d) {
-       plan(d, 0644, 0, 0);
-       fs::create_hard_link(d + "plan.tvl", d + "other.tvl");
-     },
-     false, FileError::None, Way::InPlace},
-    {"Symlink",
-     [](const std::string& d) {
-       fs::create_directory(d + "real");
-       writeFile(d + "real/plan.tvl", "old, longer plan");
-       fs::create_symlink("real/plan.tvl", d + "plan.tvl");
-     },
-     false, FileError::None, Way::InPlace},
-    {"ReadOnlyForTheUser", [](const std::string& d) { plan(d, 0444, kNobody, kNobody); }, true,
-     FileError::NotPermitted, Way::Untouched},
-    {"FolderNotWritable",
-     [](const std::string& d) {
-       plan(d, 0644, kNobody, kNobody);
-       ::chmod(d.c_str(), 0755);
-     },
-     true, FileError::None, Way::InPlace},
-    {"OwnerCannotBeKept", [](const std::string& d) { plan(d, 0660, 0, kNobody); }, true, FileError::None,
-     Way::InPlace},
-    {"FifoWithoutReader", [](const std::string& d) { ::mkfifo((d + "plan.tvl").c_str(), 0666); }, false,
-     FileError::NoReader, Way::Untouched},
-    {"Folder", [](const std::string& d) { fs::create_directory(d + "plan.tvl"); }, false, FileError::IsFolder,
+    {"PlainFile", Shape::File, 0640, 0, 0, 0777, false, FileError::None, Way::Replaced},
+    {"AnotherUsersFile", Shape::File, 0660, kNobody, kNobody, 0777, false, FileError::None, Way::Replaced},
+    {"HardLink", Shape::HardLinked, 0644, 0, 0, 0777, false, FileError::None, Way::InPlace},
+    {"Symlink", Shape::ThroughSymlink, 0644, 0, 0, 0777, false, FileError::None, Way::InPlace},
+    {"ReadOnlyForTheUser", Shape::File, 0444, kNobody, kNobody, 0777, true, FileError::NotPermitted,
      Way::Untouched},
-    {"NewFile", [](const std::string&) {}, true, FileError::None, Way::Replaced},
+    {"FolderNotWritable", Shape::File, 0644, kNobody, kNobody, 0755, true, FileError::None, Way::InPlace},
+    {"OwnerCannotBeKept", Shape::File, 0660, 0, kNobody, 0777, true, FileError::None, Way::InPlace},
+    {"FifoWithoutReader", Shape::Fifo, 0666, 0, 0, 0777, false, FileError::NoReader, Way::Untouched},
+    {"NewFile", Shape::Missing, 0, 0, 0, 0777, true, FileError::None, Way::Replaced},
 };
+
+// An access ACL in the kernel's form that also lets user 4242 read and write.
+void giveAcl(const std::string& path, mode_t mode) {
+  const uint16_t owner = (mode >> 6) & 7, group = (mode >> 3) & 7, other = mode & 7;
+  const uint32_t none = ~0u;
+  const uint32_t acl[] = {2,    0x01u | owner << 16, none, 0x02u | 6u << 16,    4242, 0x04u | group << 16,
+                          none, 0x10u | 6u << 16,    none, 0x20u | other << 16, none};
+  if (::setxattr(path.c_str(), "system.posix_acl_access", acl, sizeof acl, 0) != 0) ADD_FAILURE() << "no ACL";
+}
+
+// plan.tvl in dir as the case has it, with an extended attribute and an ACL.
+void prepare(const RuleCase& rule, const std::string& dir) {
+  const std::string file = dir + (rule.shape == Shape::ThroughSymlink ? "real.tvl" : "plan.tvl");
+  if (rule.shape == Shape::Fifo) ::mkfifo(file.c_str(), rule.mode);
+  if (rule.shape != Shape::Fifo && rule.shape != Shape::Missing) {
+    writeFile(file, "old, longer plan");
+    if (::setxattr(file.c_str(), "user.tavlero", "kept", 4, 0) != 0) ADD_FAILURE() << "no attribute";
+    ::chown(file.c_str(), rule.owner, rule.group);
+    ::chmod(file.c_str(), rule.mode);
+    giveAcl(file, rule.mode);
+  }
+  if (rule.shape == Shape::HardLinked) fs::create_hard_link(file, dir + "other.tvl");
+  if (rule.shape == Shape::ThroughSymlink) fs::create_symlink("real.tvl", dir + "plan.tvl");
+  ::chmod(dir.c_str(), rule.folderMode);
+}
 
 // What a save must keep of a file: its kind at the name, and of the file it names the
 // mode, owner, group, extended attribute and ACL.
@@ -156,8 +137,7 @@ TEST_P(SaveRules, KeepWhatTheUserHad) {
   ::chmod(temp.path().c_str(), 0755);
   const std::string dir = temp.file("case/");
   fs::create_directory(dir);
-  ::chmod(dir.c_str(), 0777);
-  rule.prepare(dir);
+  prepare(rule, dir);
   const std::string path = dir + "plan.tvl";
   const bool existed = fs::exists(fs::symlink_status(path));
   auto [before, inode] = look(path);
