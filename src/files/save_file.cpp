@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <ctime>
 #include <filesystem>
 #include <random>
@@ -75,6 +76,7 @@ FileError errorOf(int code) {
     case ENAMETOOLONG:
       return FileError::NameTooLong;
     case ENXIO:
+    case EPIPE:
       return FileError::NoReader;
     default:
       return FileError::Failed;
@@ -100,6 +102,23 @@ int writeAll(int fd, std::string_view bytes, bool atStart) {
     offset += written;
   }
   return 0;
+}
+
+// Into a FIFO, a device or standard output. A reader that goes away part-way would end
+// the program with SIGPIPE; here the write fails with EPIPE instead.
+int writeToStream(int fd, std::string_view bytes) {
+  sigset_t pipeSignal;
+  sigset_t before;
+  ::sigemptyset(&pipeSignal);
+  ::sigaddset(&pipeSignal, SIGPIPE);
+  ::pthread_sigmask(SIG_BLOCK, &pipeSignal, &before);
+  int code = writeAll(fd, bytes, false);
+  if (code == EPIPE) {
+    const timespec now{};
+    ::sigtimedwait(&pipeSignal, nullptr, &now);
+  }
+  ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  return code;
 }
 
 // Beyond the user's file size limit a write would end the program with SIGXFSZ.
@@ -137,9 +156,12 @@ struct Temporary {
   std::string name;  // empty while nameless
 
   int make(int folder) {
-    fd = Descriptor(::openat(folder, ".", O_TMPFILE | O_WRONLY | kCommonFlags, 0666));
-    if (fd.valid()) return 0;
-    if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL) return errno;
+    // A nameless file is named through /proc at the end.
+    if (::access("/proc/self/fd", F_OK) == 0) {
+      fd = Descriptor(::openat(folder, ".", O_TMPFILE | O_WRONLY | kCommonFlags, 0666));
+      if (fd.valid()) return 0;
+      if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL) return errno;
+    }
     return withFreshName(
         [&](const std::string& candidate) {
           fd = Descriptor(
@@ -297,7 +319,7 @@ int save(const std::string& path, std::string_view bytes) {
     // or the open would have failed, so waiting for them is no hang.
     int flags = ::fcntl(file.get(), F_GETFL);
     if (flags >= 0) ::fcntl(file.get(), F_SETFL, flags & ~O_NONBLOCK);
-    return writeAll(file.get(), bytes, false);
+    return writeToStream(file.get(), bytes);
   }
   if (beyondSizeLimit(bytes.size())) return EFBIG;
   if (!throughLink && info.st_nlink == 1) {
@@ -317,7 +339,7 @@ FileError readableKind(const struct stat& info) {
 }  // namespace
 
 FileError saveFile(const std::string& path, std::string_view bytes) {
-  if (path == kStandardOutput) return errorOf(writeAll(STDOUT_FILENO, bytes, false));
+  if (path == kStandardOutput) return errorOf(writeToStream(STDOUT_FILENO, bytes));
   return creatingErrorOf(save(path, bytes));
 }
 

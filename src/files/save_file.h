@@ -35,7 +35,7 @@ enum class FileError {
   NoSpace,        // the disk or the user's quota is full
   TooBig,         // beyond the largest file the user may write
   NameTooLong,
-  NoReader,  // a FIFO that no one reads from
+  NoReader,  // a FIFO or pipe that no one reads from
   Failed,    // anything else
 };
 

@@ -146,11 +146,16 @@ TEST_P(SaveRules, KeepWhatTheUserHad) {
   FileError error = rule.asNobody ? saveAsNobody(path, "new") : saveFile(path, "new");
   EXPECT_EQ(error, rule.error);
   auto [after, newInode] = look(path);
-  if (existed) EXPECT_EQ(after, before);
-  if (rule.way != Way::Untouched && fs::is_regular_file(path)) EXPECT_EQ(readFile(path), "new");
-  if (rule.way == Way::Untouched && fs::is_regular_file(path)) EXPECT_EQ(readFile(path), "old, longer plan");
-  if (existed && rule.way != Way::Untouched) EXPECT_EQ(newInode != inode, rule.way == Way::Replaced);
-  if (fs::exists(dir + "other.tvl")) EXPECT_EQ(readFile(dir + "other.tvl"), "new");
+  EXPECT_EQ(after, existed ? before : after);
+  const bool written = rule.way != Way::Untouched;
+  if (fs::is_regular_file(path)) {
+    EXPECT_EQ(readFile(path), written ? "new" : "old, longer plan");
+  }
+  EXPECT_EQ(existed && written && newInode != inode, rule.way == Way::Replaced && existed)
+      << "replaced, not written in place";
+  if (fs::exists(dir + "other.tvl")) {
+    EXPECT_EQ(readFile(dir + "other.tvl"), "new");
+  }
   std::set<std::string> expected = names;
   expected.insert(path);
   EXPECT_EQ(entries(temp.path()), expected) << "nothing beside the plan is left";
