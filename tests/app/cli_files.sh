@@ -75,6 +75,9 @@ awk 'BEGIN { for (i = 0; i < 32003; i++) printf "<userMethod><methodName>m%d</me
 expect 1 "$cli" save --settings "$work/s.cfg" "$work/big.tvl" "$work/big-out.tvl"
 [ "$(grep -c "<userMethod>" "$work/big-out.tvl")" -eq 32001 ] || fail "the plan beyond the limit was not saved"
 grep -q "2 metoder ble ikke lest inn" "$work/err" || fail "no message for the methods left out: $(cat "$work/err")"
+# A reader that leaves standard output early: a message and status 2, not death by SIGPIPE.
+"$cli" save --settings "$work/s.cfg" "$work/big.tvl" - 2>"$work/err" | head -c 10 >/dev/null
+[ "${PIPESTATUS[0]}" -eq 2 ] && grep -q "Ingen programmer leser fra røret" "$work/err" || fail "early reader: $(cat "$work/err")"
 
 # A plan the user may not write is refused and stays; run as nobody where we are root.
 if [ "$(id -u)" -eq 0 ]; then
