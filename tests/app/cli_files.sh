@@ -54,8 +54,8 @@ head -c 20000 /dev/urandom >"$work/noise.tvl"
 expect 1 "$cli" check --settings "$work/s.cfg" "$work/noise.tvl"
 expect 0 "$cli" save --settings "$work/s.cfg" "$work/noise.tvl" "$work/noise-out.tvl"
 
-# '-' is standard output; a FIFO is written into, with a reader, and refused without one;
-# a FIFO as input or as settings gets a message at once.
+# '-' is standard output; a FIFO is written into and stays; a FIFO as input gets the
+# message at once.
 expect 0 "$cli" save --settings "$work/s.cfg" "$example" -
 cmp -s "$work/out" "$data/files/write/kalkulator_read_back.tvl" || fail "save to - did not give the expected bytes"
 mkfifo "$work/fifo"
@@ -63,11 +63,7 @@ cat "$work/fifo" >"$work/from-fifo" &
 expect 0 timeout 10 "$cli" save --settings "$work/s.cfg" "$example" "$work/fifo"
 wait
 cmp -s "$work/from-fifo" "$data/files/write/kalkulator_read_back.tvl" || fail "the FIFO's reader did not get the plan"
-expect 2 timeout 10 "$cli" save --settings "$work/s.cfg" "$example" "$work/fifo"
-grep -q "Ingen programmer leser fra røret" "$work/err" || fail "FIFO without reader: $(cat "$work/err")"
 expect 2 timeout 10 "$cli" save --settings "$work/s.cfg" "$work/fifo" "$work/x.tvl"
-expect 0 timeout 10 "$cli" save --settings "$work/fifo" "$example" "$work/x.tvl"
-grep -q "ikke en vanlig fil" "$work/err" || fail "FIFO as settings: $(cat "$work/err")"
 [ -p "$work/fifo" ] || fail "the FIFO was replaced"
 
 # A plan beyond the method limit: the work is done, the reader's message printed, exit 1.
@@ -78,15 +74,6 @@ grep -q "2 metoder ble ikke lest inn" "$work/err" || fail "no message for the me
 # A reader that leaves standard output early: a message and status 2, not death by SIGPIPE.
 "$cli" save --settings "$work/s.cfg" "$work/big.tvl" - 2>"$work/err" | head -c 10 >/dev/null
 [ "${PIPESTATUS[0]}" -eq 2 ] && grep -q "Ingen programmer leser fra røret" "$work/err" || fail "early reader: $(cat "$work/err")"
-
-# A plan the user may not write is refused and stays; run as nobody where we are root.
-if [ "$(id -u)" -eq 0 ]; then
-  chmod 755 "$work"
-  cp "$example" "$work/locked.tvl" && chown nobody "$work/locked.tvl" && chmod 444 "$work/locked.tvl"
-  expect 2 setpriv --reuid nobody --regid nogroup --clear-groups "$cli" save --settings "$work/s.cfg" "$example" "$work/locked.tvl"
-  grep -q "Kunne ikke lagre filen '$work/locked.tvl'. Du har ikke tilgang" "$work/err" || fail "read-only plan: $(cat "$work/err")"
-  cmp -s "$work/locked.tvl" "$example" || fail "the read-only plan changed"
-fi
 
 [ "$failures" -eq 0 ] && echo "all cli file tests passed"
 exit $((failures > 0))

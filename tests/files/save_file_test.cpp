@@ -1,6 +1,6 @@
-// The save routine on real files in a temporary folder: links, FIFOs, modes, owners and
-// extended attributes as a user's files have them. Cases that need another user run the
-// save in a child process as nobody (uid and gid 65534), which needs root.
+// The save routine on real files in a temporary folder: links, FIFOs, modes, owners, ACLs
+// and extended attributes as a user's files have them. Cases of another user save in a
+// child process as nobody (uid and gid 65534), which needs root.
 #include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
@@ -31,17 +31,13 @@ struct RuleCase {
   const char* name;
   Shape shape;
   mode_t mode;
-  uid_t owner;  // and group
+  uid_t owner;
   gid_t group;
   mode_t folderMode;
   bool asNobody;
   FileError error;
   Way way;
 };
-
-void PrintTo(const RuleCase& rule, std::ostream* out) {
-  *out << rule.name;
-}
 
 const RuleCase kRuleCases[] = {
     {"PlainFile", Shape::File, 0640, 0, 0, 0777, false, FileError::None, Way::Replaced},
@@ -56,42 +52,29 @@ const RuleCase kRuleCases[] = {
     {"NewFile", Shape::Missing, 0, 0, 0, 0777, true, FileError::None, Way::Replaced},
 };
 
-// An access ACL in the kernel's form that also lets user 4242 read and write.
-void giveAcl(const std::string& path, mode_t mode) {
-  const uint16_t owner = (mode >> 6) & 7, group = (mode >> 3) & 7, other = mode & 7;
-  const uint32_t none = ~0u;
-  const uint32_t acl[] = {2,    0x01u | owner << 16, none, 0x02u | 6u << 16,    4242, 0x04u | group << 16,
-                          none, 0x10u | 6u << 16,    none, 0x20u | other << 16, none};
-  if (::setxattr(path.c_str(), "system.posix_acl_access", acl, sizeof acl, 0) != 0) ADD_FAILURE() << "no ACL";
-}
-
-// plan.tvl in dir as the case has it, with an extended attribute and an ACL.
+// plan.tvl in dir as the case has it, with an extended attribute and an ACL in the
+// kernel's form that also lets user 4242 read and write.
 void prepare(const RuleCase& rule, const std::string& dir) {
   const std::string file = dir + (rule.shape == Shape::ThroughSymlink ? "real.tvl" : "plan.tvl");
   if (rule.shape == Shape::Fifo) ::mkfifo(file.c_str(), rule.mode);
   if (rule.shape != Shape::Fifo && rule.shape != Shape::Missing) {
     writeFile(file, "old, longer plan");
-    if (::setxattr(file.c_str(), "user.tavlero", "kept", 4, 0) != 0) ADD_FAILURE() << "no attribute";
     ::chown(file.c_str(), rule.owner, rule.group);
     ::chmod(file.c_str(), rule.mode);
-    giveAcl(file, rule.mode);
+    // Version 2, then each entry as tag | rights << 16 and its id: owner, user 4242, group,
+    // mask, others.
+    const uint32_t none = ~0u, mode = rule.mode;
+    const uint32_t acl[] = {2,    0x01 | (mode >> 6 & 7) << 16, none, 0x02 | 6 << 16,
+                            4242, 0x04 | (mode >> 3 & 7) << 16, none, 0x10 | 6 << 16,
+                            none, 0x20 | (mode & 7) << 16,      none};
+    if (::setxattr(file.c_str(), "user.tavlero", "kept", 4, 0) != 0 ||
+        ::setxattr(file.c_str(), "system.posix_acl_access", acl, sizeof acl, 0) != 0)
+      ADD_FAILURE() << "no extended attributes here";
   }
   if (rule.shape == Shape::HardLinked) fs::create_hard_link(file, dir + "other.tvl");
   if (rule.shape == Shape::ThroughSymlink) fs::create_symlink("real.tvl", dir + "plan.tvl");
   ::chmod(dir.c_str(), rule.folderMode);
 }
-
-// What a save must keep of a file: its kind at the name, and of the file it names the
-// mode, owner, group, extended attribute and ACL.
-struct Kept {
-  mode_t linkKind = 0;
-  mode_t mode = 0;
-  uid_t uid = 0;
-  gid_t gid = 0;
-  std::string attribute;
-  std::string acl;
-  bool operator==(const Kept&) const = default;
-};
 
 std::string attribute(const std::string& path, const char* name) {
   char value[128] = {};
@@ -99,14 +82,21 @@ std::string attribute(const std::string& path, const char* name) {
   return std::string(value, size > 0 ? static_cast<size_t>(size) : 0);
 }
 
-std::tuple<Kept, ino_t> look(const std::string& path) {
+// What a save must keep: the kind of thing at the name and, of the file it names, mode,
+// owner, group, attribute and ACL.
+auto kept(const std::string& path) {
   struct stat link {};
   struct stat info {};
   ::lstat(path.c_str(), &link);
   ::stat(path.c_str(), &info);
-  return {Kept{link.st_mode & S_IFMT, info.st_mode, info.st_uid, info.st_gid, attribute(path, "user.tavlero"),
-               attribute(path, "system.posix_acl_access")},
-          info.st_ino};
+  return std::tuple(link.st_mode & S_IFMT, info.st_mode, info.st_uid, info.st_gid,
+                    attribute(path, "user.tavlero"), attribute(path, "system.posix_acl_access"));
+}
+
+ino_t inode(const std::string& path) {
+  struct stat info {};
+  ::stat(path.c_str(), &info);
+  return info.st_ino;
 }
 
 std::set<std::string> entries(const std::string& dir) {
@@ -135,42 +125,38 @@ TEST_P(SaveRules, KeepWhatTheUserHad) {
   if (::geteuid() != 0) GTEST_SKIP() << "needs root to give files to nobody";
   TempDir temp;
   ::chmod(temp.path().c_str(), 0755);
-  const std::string dir = temp.file("case/");
+  const std::string dir = temp.file("case/"), path = dir + "plan.tvl";
   fs::create_directory(dir);
   prepare(rule, dir);
-  const std::string path = dir + "plan.tvl";
-  const bool existed = fs::exists(fs::symlink_status(path));
-  auto [before, inode] = look(path);
-  const std::set<std::string> names = entries(temp.path());
+  const bool existed = rule.shape != Shape::Missing;
+  const auto before = kept(path);
+  const ino_t oldInode = inode(path);
+  std::set<std::string> names = entries(temp.path());
 
-  FileError error = rule.asNobody ? saveAsNobody(path, "new") : saveFile(path, "new");
-  EXPECT_EQ(error, rule.error);
-  auto [after, newInode] = look(path);
-  EXPECT_EQ(after, existed ? before : after);
+  EXPECT_EQ(rule.asNobody ? saveAsNobody(path, "new") : saveFile(path, "new"), rule.error);
+  if (existed) {
+    EXPECT_EQ(kept(path), before);
+  }
   const bool written = rule.way != Way::Untouched;
-  if (fs::is_regular_file(path)) {
-    EXPECT_EQ(readFile(path), written ? "new" : "old, longer plan");
+  for (const std::string& name : {path, dir + "other.tvl"}) {
+    if (fs::is_regular_file(name)) {
+      EXPECT_EQ(readFile(name), written ? "new" : "old, longer plan") << name;
+    }
   }
-  EXPECT_EQ(existed && written && newInode != inode, rule.way == Way::Replaced && existed)
-      << "replaced, not written in place";
-  if (fs::exists(dir + "other.tvl")) {
-    EXPECT_EQ(readFile(dir + "other.tvl"), "new");
-  }
-  std::set<std::string> expected = names;
-  expected.insert(path);
-  EXPECT_EQ(entries(temp.path()), expected) << "nothing beside the plan is left";
+  EXPECT_EQ(existed && written && inode(path) != oldInode, existed && rule.way == Way::Replaced);
+  names.insert(path);
+  EXPECT_EQ(entries(temp.path()), names) << "nothing beside the plan is left";
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, SaveRules, ::testing::ValuesIn(kRuleCases),
                          [](const auto& info) { return info.param.name; });
 
-// Longer names than the temporary file's own, up to the longest the system allows.
+// Names longer than the temporary file's own, up to the longest the system allows.
 TEST(SaveFile, TakesEveryLegalName) {
   TempDir temp;
-  for (size_t length : {1u, 244u, 255u}) {
-    const std::string path = temp.file(std::string(length, 'n'));
-    EXPECT_EQ(saveFile(path, "x"), FileError::None) << length;
-    EXPECT_EQ(readFile(path), "x");
+  for (size_t length : {244u, 255u}) {
+    EXPECT_EQ(saveFile(temp.file(std::string(length, 'n')), "x"), FileError::None) << length;
+    EXPECT_EQ(readFile(temp.file(std::string(length, 'n'))), "x");
   }
   EXPECT_EQ(saveFile(temp.file(std::string(256, 'n')), "x"), FileError::NameTooLong);
 }
@@ -178,20 +164,15 @@ TEST(SaveFile, TakesEveryLegalName) {
 // A save killed at any moment leaves the old plan or the new one, whole, and nothing else.
 TEST(SaveFile, KilledPartWayLeavesOldOrNewAndNothingBeside) {
   TempDir temp;
-  const std::string path = temp.file("plan.tvl");
-  const std::string old = "old plan";
-  const std::string fresh(8 << 20, 'n');
+  const std::string path = temp.file("plan.tvl"), fresh(8 << 20, 'n');
   for (int delayMs : {0, 1, 3, 10, 30}) {
-    writeFile(path, old);
+    writeFile(path, "old");
     pid_t child = fork();
-    if (child == 0) {
-      for (;;) saveFile(path, fresh);
-    }
+    while (child == 0) saveFile(path, fresh);
     std::this_thread::sleep_for(std::chrono::milliseconds(delayMs));
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);
-    std::string now = readFile(path);
-    EXPECT_TRUE(now == old || now == fresh) << delayMs;
+    EXPECT_TRUE(readFile(path) == "old" || readFile(path) == fresh) << delayMs;
     EXPECT_EQ(entries(temp.path()), std::set<std::string>{path}) << delayMs;
   }
 }
@@ -199,31 +180,30 @@ TEST(SaveFile, KilledPartWayLeavesOldOrNewAndNothingBeside) {
 // Temporary files of ours are swept once they are old; a fresh one may be another save's.
 TEST(SaveFile, SweepsOnlyStaleTemporariesOfItsOwn) {
   TempDir temp;
-  const std::string stale = temp.file(std::string(kTemporaryPrefix) + "abc123");
-  const std::string fresh = temp.file(std::string(kTemporaryPrefix) + "def456");
-  const std::string other = temp.file(std::string(kTemporaryPrefix) + "user's file");
-  for (const std::string& name : {stale, fresh, other}) writeFile(name, "x");
+  const std::string stale = temp.file(std::string(kTemporaryPrefix) + "abc123"),
+                    fresh = temp.file(std::string(kTemporaryPrefix) + "def456"),
+                    other = temp.file(std::string(kTemporaryPrefix) + "user's file");
   const timespec longAgo[2] = {{0, 0}, {std::time(nullptr) - 3600, 0}};
+  for (const std::string& name : {stale, fresh, other}) writeFile(name, "x");
   for (const std::string& name : {stale, other}) ::utimensat(AT_FDCWD, name.c_str(), longAgo, 0);
   ASSERT_EQ(saveFile(temp.file("plan.tvl"), "new"), FileError::None);
   EXPECT_EQ(entries(temp.path()), (std::set<std::string>{fresh, other, temp.file("plan.tvl")}));
 }
 
-// A real full disk: a small tmpfs, where the machine lets us mount one. Both ways of
-// writing leave the old bytes.
+// A real full disk, a small tmpfs where the machine lets us mount one: the safe replace
+// and the write in place (of a hard-linked plan) both leave the old bytes.
 TEST(SaveFile, FullDiskKeepsTheOldPlan) {
   TempDir temp;
-  const std::string disk = temp.file("disk/");
+  const std::string disk = temp.file("disk/"), big(256 << 10, 'n');
   fs::create_directory(disk);
   if (::mount("tavlero-test", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
     GTEST_SKIP() << "cannot mount a tmpfs here; the write limit test covers a full disk";
-  writeFile(disk + "plan.tvl", "old");
-  fs::create_hard_link(disk + "plan.tvl", disk + "other.tvl");
-  writeFile(disk + "single.tvl", "old");
-  const std::string big(256 << 10, 'n');
-  EXPECT_EQ(std::tuple(saveFile(disk + "single.tvl", big), saveFile(disk + "plan.tvl", big)),
-            std::tuple(FileError::NoSpace, FileError::NoSpace));
-  EXPECT_EQ(std::tuple(readFile(disk + "single.tvl"), readFile(disk + "plan.tvl")), std::tuple("old", "old"));
+  for (const char* name : {"single.tvl", "linked.tvl"}) writeFile(disk + name, "old");
+  fs::create_hard_link(disk + "linked.tvl", disk + "other.tvl");
+  for (const char* name : {"single.tvl", "linked.tvl"}) {
+    EXPECT_EQ(saveFile(disk + name, big), FileError::NoSpace) << name;
+    EXPECT_EQ(readFile(disk + name), "old") << name;
+  }
   EXPECT_EQ(entries(disk).size(), 3u);
   ::umount(disk.c_str());
 }
