@@ -42,12 +42,6 @@ class Descriptor {
 
   int get() const { return fd_; }
   bool valid() const { return fd_ >= 0; }
-  // 0 or the error of close, which on some file systems is the first word of a failed write.
-  int close() {
-    int fd = fd_;
-    fd_ = -1;
-    return ::close(fd) == 0 ? 0 : errno;
-  }
 
  private:
   int fd_;
@@ -127,19 +121,33 @@ bool beyondSizeLimit(size_t size) {
   return ::getrlimit(RLIMIT_FSIZE, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY && size > limit.rlim_cur;
 }
 
-std::string randomSuffix() {
+// .tavlero-PID-XXXX: short enough beside any legal target name, and it says whose it is.
+std::string temporaryName() {
   static std::mt19937_64 generator(std::random_device{}() ^ static_cast<uint64_t>(::getpid()));
   constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz0123456789";
-  std::string suffix(6, ' ');
-  for (char& c : suffix) c = kLetters[generator() % kLetters.size()];
-  return suffix;
+  std::string name = std::string(kTemporaryPrefix) + std::to_string(::getpid()) + "-";
+  for (int i = 0; i < 4; ++i) name += kLetters[generator() % kLetters.size()];
+  return name;
 }
 
-// A name of our own in the folder, short enough beside any legal target name.
+// The process that made a temporary file of ours, or 0 for any other name.
+pid_t makerOf(std::string_view name) {
+  if (!name.starts_with(kTemporaryPrefix)) return 0;
+  name.remove_prefix(kTemporaryPrefix.size());
+  size_t dash = name.find('-');
+  if (dash == 0 || dash == std::string_view::npos || name.size() != dash + 5) return 0;
+  pid_t pid = 0;
+  for (char c : name.substr(0, dash)) {
+    if (c < '0' || c > '9' || pid > 100000000) return 0;
+    pid = pid * 10 + (c - '0');
+  }
+  return pid;
+}
+
 template <typename Make>
 int withFreshName(Make make, std::string& name) {
   for (int attempt = 0; attempt < 100; ++attempt) {
-    std::string candidate = std::string(kTemporaryPrefix) + randomSuffix();
+    std::string candidate = temporaryName();
     if (make(candidate)) {
       name = std::move(candidate);
       return 0;
@@ -234,18 +242,20 @@ bool takeOver(int original, const struct stat& info, int temporary) {
          now.st_mode == info.st_mode;
 }
 
-// Temporary files of ours that a killed save left behind.
+// Temporary files of ours that a killed save left behind: their maker is gone, or they
+// are older than any save.
 void sweepStaleTemporaries(int folder) {
   DIR* listing = ::fdopendir(::dup(folder));
   if (!listing) return;
   const std::time_t now = std::time(nullptr);
   while (const dirent* entry = ::readdir(listing)) {
-    std::string_view name = entry->d_name;
-    if (!name.starts_with(kTemporaryPrefix) || name.size() != kTemporaryPrefix.size() + 6) continue;
+    pid_t maker = makerOf(entry->d_name);
     struct stat info {};
-    if (::fstatat(folder, entry->d_name, &info, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(info.st_mode) &&
-        info.st_uid == ::geteuid() && now - info.st_mtime > kStaleSeconds)
-      ::unlinkat(folder, entry->d_name, 0);
+    if (maker == 0 || ::fstatat(folder, entry->d_name, &info, AT_SYMLINK_NOFOLLOW) != 0 ||
+        !S_ISREG(info.st_mode) || info.st_uid != ::geteuid())
+      continue;
+    const bool makerGone = ::kill(maker, 0) != 0 && errno == ESRCH;
+    if (makerGone || now - info.st_mtime > kStaleSeconds) ::unlinkat(folder, entry->d_name, 0);
   }
   ::closedir(listing);
 }
@@ -267,8 +277,9 @@ int replaceThroughTemporary(const std::filesystem::path& target, std::string_vie
   }
   int code = writeAll(temporary.fd.get(), bytes, false);
   if (code == 0 && ::fsync(temporary.fd.get()) != 0) code = errno;
+  // From the name to the rename as little as can be: a save killed in between leaves the
+  // name, which a later save sweeps.
   if (code == 0) code = temporary.giveName(folder.get());
-  if (code == 0) code = temporary.fd.close();
   if (code == 0 &&
       ::renameat(folder.get(), temporary.name.c_str(), folder.get(), target.filename().c_str()) != 0)
     code = errno;

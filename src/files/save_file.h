@@ -44,8 +44,9 @@ inline constexpr uint64_t kMaxReadBytes = uint64_t{512} << 20;
 
 inline constexpr std::string_view kStandardOutput = "-";
 
-// Our own temporary files beside a target start with this; ones left by a save that was
-// killed at the wrong moment are swept at a later save in the same folder.
+// Our own temporary files beside a target are named with this, the maker's process id and
+// four letters (".tavlero-4242-x7qa"); one left by a save killed at the wrong moment is
+// swept by a later save in the same folder.
 inline constexpr std::string_view kTemporaryPrefix = ".tavlero-";
 
 FileError saveFile(const std::string& path, std::string_view bytes);

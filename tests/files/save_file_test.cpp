@@ -161,7 +161,8 @@ TEST(SaveFile, TakesEveryLegalName) {
   EXPECT_EQ(saveFile(temp.file(std::string(256, 'n')), "x"), FileError::NameTooLong);
 }
 
-// A save killed at any moment leaves the old plan or the new one, whole, and nothing else.
+// A save killed at any moment leaves the old plan or the new one, whole; anything else
+// it left is gone after the next save.
 TEST(SaveFile, KilledPartWayLeavesOldOrNewAndNothingBeside) {
   TempDir temp;
   const std::string path = temp.file("plan.tvl"), fresh(8 << 20, 'n');
@@ -173,19 +174,22 @@ TEST(SaveFile, KilledPartWayLeavesOldOrNewAndNothingBeside) {
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);
     EXPECT_TRUE(readFile(path) == "old" || readFile(path) == fresh) << delayMs;
-    EXPECT_EQ(entries(temp.path()), std::set<std::string>{path}) << delayMs;
+    ASSERT_EQ(saveFile(temp.file("next.tvl"), "x"), FileError::None);
+    EXPECT_EQ(entries(temp.path()), (std::set<std::string>{path, temp.file("next.tvl")})) << delayMs;
   }
 }
 
-// Temporary files of ours are swept once they are old; a fresh one may be another save's.
+// Temporary files of ours are swept when their maker is gone or they are old; a fresh one
+// of a live process may be another save's.
 TEST(SaveFile, SweepsOnlyStaleTemporariesOfItsOwn) {
   TempDir temp;
-  const std::string stale = temp.file(std::string(kTemporaryPrefix) + "abc123"),
-                    fresh = temp.file(std::string(kTemporaryPrefix) + "def456"),
+  const std::string ours = temp.file(std::string(kTemporaryPrefix) + std::to_string(::getpid()));
+  const std::string gone = temp.file(std::string(kTemporaryPrefix) + "999999999-abcd"),
+                    fresh = ours + "-efgh", old = ours + "-ijkl",
                     other = temp.file(std::string(kTemporaryPrefix) + "user's file");
   const timespec longAgo[2] = {{0, 0}, {std::time(nullptr) - 3600, 0}};
-  for (const std::string& name : {stale, fresh, other}) writeFile(name, "x");
-  for (const std::string& name : {stale, other}) ::utimensat(AT_FDCWD, name.c_str(), longAgo, 0);
+  for (const std::string& name : {gone, fresh, old, other}) writeFile(name, "x");
+  for (const std::string& name : {old, other}) ::utimensat(AT_FDCWD, name.c_str(), longAgo, 0);
   ASSERT_EQ(saveFile(temp.file("plan.tvl"), "new"), FileError::None);
   EXPECT_EQ(entries(temp.path()), (std::set<std::string>{fresh, other, temp.file("plan.tvl")}));
 }
