@@ -15,7 +15,7 @@
 namespace tavlero::cli {
 
 inline constexpr int kExitDone = 0;
-inline constexpr int kExitProblems = 1;  // check found something
+inline constexpr int kExitProblems = 1;  // check found something, or a plan was read beyond the limits
 inline constexpr int kExitFailure = 2;   // bad usage, or a file that cannot be read or written
 
 // One program start: the headless platform, the canvas with real text measures, the App.
@@ -32,6 +32,9 @@ class Session {
   // Starts and reads in as the program reads a project named on its command line. False,
   // after the program's message on standard error, when in cannot be read.
   bool open(const std::string& in);
+  // The exit status of a command whose work is done: a plan read beyond what it can hold
+  // makes it kExitProblems, so a script never loses methods without noticing.
+  int done() const;
 
  private:
   std::string programPath_;

@@ -18,7 +18,7 @@ namespace tavlero::cli {
 namespace {
 
 int written(Session& session, const std::string& path, const std::string& bytes) {
-  return writeExportFile(session.app(), path, bytes) ? kExitDone : kExitFailure;
+  return writeExportFile(session.app(), path, bytes) ? session.done() : kExitFailure;
 }
 
 bool twoPaths(const std::vector<std::string>& args) {
@@ -77,7 +77,7 @@ int picture(Session& session, std::vector<std::string>& args) {
   if (!twoPaths(args)) return usageError("picture tar IN.tvl OUT.bmp|.png|.svg|.pdf.");
   if (!session.open(args[0])) return kExitFailure;
   std::string reason;
-  if (savePicture(session.app(), args[1], reason)) return kExitDone;
+  if (savePicture(session.app(), args[1], reason)) return session.done();
   showExportFailure(session.app(), args[1], reason);
   return kExitFailure;
 }

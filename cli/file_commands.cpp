@@ -16,15 +16,15 @@ int save(Session& session, std::vector<std::string>& args) {
   if (args.size() != 2 || args[0].empty() || args[1].empty()) return usageError("save tar IN.tvl OUT.tvl.");
   if (!session.open(args[0])) return kExitFailure;
   // The output path whole as the file name, with no folder in front of it.
-  return writeProject(session.app(), args[1], "") ? kExitDone : kExitFailure;
+  return writeProject(session.app(), args[1], "") ? session.done() : kExitFailure;
 }
 
 int check(Session& session, std::vector<std::string>& args) {
   if (args.size() != 1 || args[0].empty()) return usageError("check tar IN.tvl.");
   session.start();
   std::string text;
-  if (!readWholeFile(args[0], text)) {
-    printMessage("Kunne ikke lese filen '" + utf8ToCp1252(args[0]) + "'.");
+  if (FileError error = readWholeFile(args[0], text); error != FileError::None) {
+    printMessage(fileMessage(FileAction::Open, args[0], error));
     return kExitFailure;
   }
   std::vector<std::string> problems = checkProject(text);

@@ -52,6 +52,8 @@ void printUsage(std::FILE* out) {
                "bruk FIL som innstillingsfil (lages med standardverdier hvis den mangler eller er tom) i "
                "stedet for tavlero.cfg ved siden av programmet",
                6);
+  std::fputc('\n', out);
+  printWrapped(out, "UT som - skriver til standard ut.", 2);
   std::fprintf(out, "\nAvslutningskode:\n");
   printWrapped(out, "0  ferdig", 2);
   printWrapped(out, "1  check fant problemer, eller planen gikk over grensene (arbeidet er gjort)", 2);

@@ -37,6 +37,10 @@ bool Session::open(const std::string& in) {
   return Form_Load(app_, programPath_, in, settingsPath_);
 }
 
+int Session::done() const {
+  return app_.store.leftOutAtReading > 0 ? kExitProblems : kExitDone;
+}
+
 RegisterCommand::RegisterCommand(const Command& command) {
   table().push_back(command);
 }

@@ -83,6 +83,8 @@ class ProjectStore {
   int32_t currentColor = 16777215;
   int32_t currentFillStyle = 0;
   bool isSaved = true;
+  // Methods and links of the last file read that lay beyond what a plan holds.
+  size_t leftOutAtReading = 0;
   std::string projectFileName;  // native path component
   std::string projectFolder;    // native path, ends in the folder separator
   bool doubleDraw = true;

@@ -1,6 +1,5 @@
 #include "export/export_file.h"
 
-#include "core/cp1252.h"
 #include "files/project_file.h"
 #include "files/save_file.h"
 
@@ -31,8 +30,7 @@ bool writeExportFile(App& app, const std::string& path, std::string_view bytes) 
 }
 
 void showExportFailure(App& app, const std::string& path, const std::string& reason) {
-  app.ui.MsgBox("Kunne ikke lagre filen '" + utf8ToCp1252(path) + "'. " + reason, MsgButtons::OK,
-                MsgIcon::Exclamation, "Tavlero");
+  app.ui.MsgBox(fileMessage(FileAction::Save, path, reason), MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
 }
 
 }  // namespace tavlero

@@ -1,11 +1,19 @@
 #include "files/save_file.h"
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <csignal>
+#include <ctime>
 #include <filesystem>
+#include <random>
+#include <vector>
 
 #include "core/cp1252.h"
 
@@ -13,102 +21,419 @@ namespace tavlero {
 
 namespace {
 
-std::string reasonOf(int code) {
+constexpr int kCommonFlags = O_CLOEXEC | O_NOCTTY;
+// A result of the safe replace: the rules want the file written in place instead.
+constexpr int kWriteInPlace = -1;
+// A temporary file of ours older than this belongs to no save still at work.
+constexpr std::time_t kStaleSeconds = 600;
+
+class Descriptor {
+ public:
+  explicit Descriptor(int fd = -1) : fd_(fd) {}
+  ~Descriptor() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(fd_, other.fd_);
+    return *this;
+  }
+
+  int get() const { return fd_; }
+  bool valid() const { return fd_ >= 0; }
+
+ private:
+  int fd_;
+};
+
+FileError errorOf(int code) {
   switch (code) {
-    case ENOSPC:
-    case EDQUOT:
-      return "Det er ikke mer plass på disken."_cp;
-    case EFBIG:
-      return "Filen ble for stor."_cp;
+    case 0:
+      return FileError::None;
+    case ENOENT:
+      return FileError::Missing;
+    case ENOTDIR:
+      return FileError::NoFolder;
+    case EISDIR:
+      return FileError::IsFolder;
     case EACCES:
     case EPERM:
-      return "Du har ikke tilgang til å skrive der."_cp;
+      return FileError::NotPermitted;
     case EROFS:
-      return "Stedet er skrivebeskyttet."_cp;
-    case EISDIR:
-      return "Det finnes en mappe med dette navnet."_cp;
-    case ENOENT:
-    case ENOTDIR:
-      return "Mappen finnes ikke."_cp;
+      return FileError::ReadOnlyPlace;
+    case ENOSPC:
+    case EDQUOT:
+      return FileError::NoSpace;
+    case EFBIG:
+      return FileError::TooBig;
     case ENAMETOOLONG:
-      return "Navnet er for langt."_cp;
+      return FileError::NameTooLong;
+    case ENXIO:
+    case EPIPE:
+      return FileError::NoReader;
     default:
-      return "Skrivingen mislyktes."_cp;
+      return FileError::Failed;
   }
 }
 
-bool writeAll(int fd, std::string_view bytes) {
+// Where a file is to be made, a missing name means a missing folder.
+FileError creatingErrorOf(int code) {
+  return code == ENOENT ? FileError::NoFolder : errorOf(code);
+}
+
+// 0 or errno. From the descriptor's own offset, or from the start when atStart.
+int writeAll(int fd, std::string_view bytes, bool atStart) {
+  off_t offset = 0;
   while (!bytes.empty()) {
-    ssize_t written = ::write(fd, bytes.data(), bytes.size());
+    ssize_t written =
+        atStart ? ::pwrite(fd, bytes.data(), bytes.size(), offset) : ::write(fd, bytes.data(), bytes.size());
     if (written < 0) {
       if (errno == EINTR) continue;
-      return false;
+      return errno;
     }
     bytes.remove_prefix(static_cast<size_t>(written));
+    offset += written;
+  }
+  return 0;
+}
+
+// Into a FIFO, a device or standard output. A reader that goes away part-way would end
+// the program with SIGPIPE; here the write fails with EPIPE instead.
+int writeToStream(int fd, std::string_view bytes) {
+  sigset_t pipeSignal;
+  sigset_t before;
+  ::sigemptyset(&pipeSignal);
+  ::sigaddset(&pipeSignal, SIGPIPE);
+  ::pthread_sigmask(SIG_BLOCK, &pipeSignal, &before);
+  int code = writeAll(fd, bytes, false);
+  if (code == EPIPE) {
+    const timespec now{};
+    ::sigtimedwait(&pipeSignal, nullptr, &now);
+  }
+  ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  return code;
+}
+
+// Beyond the user's file size limit a write would end the program with SIGXFSZ.
+bool beyondSizeLimit(size_t size) {
+  rlimit limit{};
+  return ::getrlimit(RLIMIT_FSIZE, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY && size > limit.rlim_cur;
+}
+
+// .tavlero-PID-XXXX: short enough beside any legal target name, and it says whose it is.
+std::string temporaryName() {
+  static std::mt19937_64 generator(std::random_device{}() ^ static_cast<uint64_t>(::getpid()));
+  constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz0123456789";
+  std::string name = std::string(kTemporaryPrefix) + std::to_string(::getpid()) + "-";
+  for (int i = 0; i < 4; ++i) name += kLetters[generator() % kLetters.size()];
+  return name;
+}
+
+// The process that made a temporary file of ours, or 0 for any other name.
+pid_t makerOf(std::string_view name) {
+  if (!name.starts_with(kTemporaryPrefix)) return 0;
+  name.remove_prefix(kTemporaryPrefix.size());
+  size_t dash = name.find('-');
+  if (dash == 0 || dash == std::string_view::npos || name.size() != dash + 5) return 0;
+  pid_t pid = 0;
+  for (char c : name.substr(0, dash)) {
+    if (c < '0' || c > '9' || pid > 100000000) return 0;
+    pid = pid * 10 + (c - '0');
+  }
+  return pid;
+}
+
+template <typename Make>
+int withFreshName(Make make, std::string& name) {
+  for (int attempt = 0; attempt < 100; ++attempt) {
+    std::string candidate = temporaryName();
+    if (make(candidate)) {
+      name = std::move(candidate);
+      return 0;
+    }
+    if (errno != EEXIST) return errno;
+  }
+  return EEXIST;
+}
+
+// The new content while it is written: nameless where the file system allows, so that a
+// save killed part-way leaves nothing behind.
+struct Temporary {
+  Descriptor fd;
+  std::string name;  // empty while nameless
+
+  int make(int folder) {
+    // A nameless file is named through /proc at the end.
+    if (::access("/proc/self/fd", F_OK) == 0) {
+      fd = Descriptor(::openat(folder, ".", O_TMPFILE | O_WRONLY | kCommonFlags, 0666));
+      if (fd.valid()) return 0;
+      if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL) return errno;
+    }
+    return withFreshName(
+        [&](const std::string& candidate) {
+          fd = Descriptor(
+              ::openat(folder, candidate.c_str(), O_CREAT | O_EXCL | O_WRONLY | kCommonFlags, 0666));
+          return fd.valid();
+        },
+        name);
+  }
+
+  // A rename needs a name.
+  int giveName(int folder) {
+    if (!name.empty()) return 0;
+    std::string self = "/proc/self/fd/" + std::to_string(fd.get());
+    return withFreshName(
+        [&](const std::string& candidate) {
+          return ::linkat(AT_FDCWD, self.c_str(), folder, candidate.c_str(), AT_SYMLINK_FOLLOW) == 0;
+        },
+        name);
+  }
+
+  void discard(int folder) {
+    if (!name.empty()) ::unlinkat(folder, name.c_str(), 0);
+  }
+};
+
+// 0, or errno; an empty list where the file system has no extended attributes.
+int attributeNames(int fd, std::vector<std::string>& names) {
+  ssize_t size = ::flistxattr(fd, nullptr, 0);
+  if (size < 0) return errno == ENOTSUP ? 0 : errno;
+  std::string list(static_cast<size_t>(size), '\0');
+  size = ::flistxattr(fd, list.data(), list.size());
+  if (size < 0) return errno;
+  for (size_t at = 0; at < static_cast<size_t>(size); at = list.find('\0', at) + 1)
+    names.emplace_back(list.c_str() + at);
+  return 0;
+}
+
+// The extended attributes of from, and no others, on to; ACLs are among them.
+bool copyAttributes(int from, int to) {
+  std::vector<std::string> wanted;
+  std::vector<std::string> present;
+  if (attributeNames(from, wanted) != 0 || attributeNames(to, present) != 0) return false;
+  for (const std::string& name : present) {
+    if (std::find(wanted.begin(), wanted.end(), name) == wanted.end() &&
+        ::fremovexattr(to, name.c_str()) != 0)
+      return false;
+  }
+  for (const std::string& name : wanted) {
+    ssize_t size = ::fgetxattr(from, name.c_str(), nullptr, 0);
+    if (size < 0) return false;
+    std::string value(static_cast<size_t>(size), '\0');
+    size = ::fgetxattr(from, name.c_str(), value.data(), value.size());
+    if (size < 0 || ::fsetxattr(to, name.c_str(), value.data(), static_cast<size_t>(size), 0) != 0)
+      return false;
   }
   return true;
 }
 
-// A new file gets the usual mode under the umask; a replaced one keeps its own.
-mode_t modeFor(const std::string& path) {
+// Gives the temporary file everything of the original but its content; false when any
+// of it cannot be kept.
+bool takeOver(int original, const struct stat& info, int temporary) {
+  struct stat now {};
+  if (::fstat(temporary, &now) != 0) return false;
+  if ((now.st_uid != info.st_uid || now.st_gid != info.st_gid) &&
+      ::fchown(temporary, info.st_uid, info.st_gid) != 0)
+    return false;
+  // After the owner, which clears the set-id bits.
+  if (::fchmod(temporary, info.st_mode & 07777) != 0 || !copyAttributes(original, temporary)) return false;
+  return ::fstat(temporary, &now) == 0 && now.st_uid == info.st_uid && now.st_gid == info.st_gid &&
+         now.st_mode == info.st_mode;
+}
+
+// Temporary files of ours that a killed save left behind: their maker is gone, or they
+// are older than any save.
+void sweepStaleTemporaries(int folder) {
+  DIR* listing = ::fdopendir(::dup(folder));
+  if (!listing) return;
+  const std::time_t now = std::time(nullptr);
+  while (const dirent* entry = ::readdir(listing)) {
+    pid_t maker = makerOf(entry->d_name);
+    struct stat info {};
+    if (maker == 0 || ::fstatat(folder, entry->d_name, &info, AT_SYMLINK_NOFOLLOW) != 0 ||
+        !S_ISREG(info.st_mode) || info.st_uid != ::geteuid())
+      continue;
+    const bool makerGone = ::kill(maker, 0) != 0 && errno == ESRCH;
+    if (makerGone || now - info.st_mtime > kStaleSeconds) ::unlinkat(folder, entry->d_name, 0);
+  }
+  ::closedir(listing);
+}
+
+// The safe replace: a temporary file beside the target, written, fsynced, renamed over
+// it, the folder fsynced. original is the target's descriptor and info its status, or -1
+// for a file that does not exist yet. 0, kWriteInPlace, or errno.
+int replaceThroughTemporary(const std::filesystem::path& target, std::string_view bytes, int original,
+                            const struct stat& info) {
+  const bool exists = original >= 0;
+  std::string folderName = target.parent_path().empty() ? std::string(".") : target.parent_path().string();
+  Descriptor folder(::open(folderName.c_str(), O_RDONLY | O_DIRECTORY | kCommonFlags));
+  if (!folder.valid()) return exists ? kWriteInPlace : errno;
+  Temporary temporary;
+  if (int code = temporary.make(folder.get()); code != 0) return exists ? kWriteInPlace : code;
+  if (exists && !takeOver(original, info, temporary.fd.get())) {
+    temporary.discard(folder.get());
+    return kWriteInPlace;
+  }
+  int code = writeAll(temporary.fd.get(), bytes, false);
+  if (code == 0 && ::fsync(temporary.fd.get()) != 0) code = errno;
+  // From the name to the rename as little as can be: a save killed in between leaves the
+  // name, which a later save sweeps.
+  if (code == 0) code = temporary.giveName(folder.get());
+  if (code == 0 &&
+      ::renameat(folder.get(), temporary.name.c_str(), folder.get(), target.filename().c_str()) != 0)
+    code = errno;
+  if (code != 0) {
+    temporary.discard(folder.get());
+    return code;
+  }
+  ::fsync(folder.get());
+  sweepStaleTemporaries(folder.get());
+  return 0;
+}
+
+// Into the file itself: its links, owner and rights stay. Room for the new content is
+// asked for first, so a full disk leaves the old bytes.
+int writeInPlace(int fd, std::string_view bytes) {
   struct stat info {};
-  if (::stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode)) return info.st_mode & 07777;
-  mode_t mask = ::umask(0);
-  ::umask(mask);
-  return 0666 & ~mask;
+  if (::fstat(fd, &info) != 0) return errno;
+  const off_t size = static_cast<off_t>(bytes.size());
+  if (size > info.st_size && ::fallocate(fd, FALLOC_FL_KEEP_SIZE, 0, size) != 0 &&
+      (errno == ENOSPC || errno == EDQUOT || errno == EFBIG))
+    return errno;
+  int code = writeAll(fd, bytes, true);
+  if (code == 0 && ::ftruncate(fd, size) != 0) code = errno;
+  if (code == 0 && ::fsync(fd) != 0) code = errno;
+  return code;
+}
+
+// 0 or errno.
+int save(const std::string& path, std::string_view bytes) {
+  const std::filesystem::path target(path);
+  if (!target.has_filename()) return EISDIR;
+  bool throughLink = false;
+  Descriptor file(::open(path.c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | kCommonFlags));
+  if (!file.valid() && errno == ELOOP) {
+    // A symlink: the file it names is written, and made when it does not exist yet.
+    throughLink = true;
+    file = Descriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_NONBLOCK | kCommonFlags, 0666));
+  }
+  if (!file.valid()) {
+    if (errno != ENOENT || throughLink) return errno;
+    if (beyondSizeLimit(bytes.size())) return EFBIG;
+    return replaceThroughTemporary(target, bytes, -1, {});
+  }
+  struct stat info {};
+  if (::fstat(file.get(), &info) != 0) return errno;
+  if (!S_ISREG(info.st_mode)) {
+    // A FIFO or a device takes the bytes as they come; someone reads at the other end,
+    // or the open would have failed, so waiting for them is no hang.
+    int flags = ::fcntl(file.get(), F_GETFL);
+    if (flags >= 0) ::fcntl(file.get(), F_SETFL, flags & ~O_NONBLOCK);
+    return writeToStream(file.get(), bytes);
+  }
+  if (beyondSizeLimit(bytes.size())) return EFBIG;
+  if (!throughLink && info.st_nlink == 1) {
+    int code = replaceThroughTemporary(target, bytes, file.get(), info);
+    if (code != kWriteInPlace) return code;
+  }
+  return writeInPlace(file.get(), bytes);
+}
+
+FileError readableKind(const struct stat& info) {
+  if (S_ISDIR(info.st_mode)) return FileError::IsFolder;
+  if (!S_ISREG(info.st_mode)) return FileError::NotRegular;
+  if (static_cast<uint64_t>(info.st_size) > kMaxReadBytes) return FileError::TooLarge;
+  return FileError::None;
 }
 
 }  // namespace
 
-bool saveFileAtomically(const std::string& path, std::string_view bytes, std::string& error) {
-  std::filesystem::path target(path);
-  std::filesystem::path folder = target.parent_path();
-  std::string pattern = (folder.empty() ? std::string(".") : folder.string()) + "/." +
-                        target.filename().string() + ".tmp-XXXXXX";
-  int fd = ::mkstemp(pattern.data());
-  if (fd < 0) {
-    error = reasonOf(errno);
-    return false;
-  }
-  bool ok = ::fchmod(fd, modeFor(path)) == 0 && writeAll(fd, bytes) && ::fsync(fd) == 0;
-  int code = errno;
-  if (::close(fd) != 0 && ok) {
-    ok = false;
-    code = errno;
-  }
-  if (ok && ::rename(pattern.c_str(), path.c_str()) != 0) {
-    ok = false;
-    code = errno;
-  }
-  if (!ok) {
-    ::unlink(pattern.c_str());
-    error = reasonOf(code);
-    return false;
-  }
-  return true;
+FileError saveFile(const std::string& path, std::string_view bytes) {
+  if (path == kStandardOutput) return errorOf(writeToStream(STDOUT_FILENO, bytes));
+  return creatingErrorOf(save(path, bytes));
 }
 
-bool readWholeFile(const std::string& path, std::string& bytes) {
-  int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (fd < 0) return false;
-  std::string text;
+FileError readWholeFile(const std::string& path, std::string& bytes, IfMissing missing) {
+  // Told apart before opening: opening a device can have effects of its own.
   struct stat info {};
-  if (::fstat(fd, &info) == 0 && S_ISREG(info.st_mode)) text.reserve(static_cast<size_t>(info.st_size));
+  if (::stat(path.c_str(), &info) == 0) {
+    if (FileError kind = readableKind(info); kind != FileError::None) return kind;
+  } else if (errno != ENOENT || missing == IfMissing::Fail) {
+    return errorOf(errno);
+  }
+  const int create = missing == IfMissing::CreateEmpty ? O_CREAT : 0;
+  // Not blocking, in case a FIFO took the name in the meantime.
+  Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | create | kCommonFlags, 0666));
+  if (!file.valid()) return create ? creatingErrorOf(errno) : errorOf(errno);
+  if (::fstat(file.get(), &info) != 0) return errorOf(errno);
+  if (FileError kind = readableKind(info); kind != FileError::None) return kind;
+  std::string text;
+  text.reserve(static_cast<size_t>(info.st_size));
   char buffer[65536];
-  bool ok = true;
   for (;;) {
-    ssize_t got = ::read(fd, buffer, sizeof buffer);
+    ssize_t got = ::read(file.get(), buffer, sizeof buffer);
     if (got < 0) {
       if (errno == EINTR) continue;
-      ok = false;
-      break;
+      return errorOf(errno);
     }
     if (got == 0) break;
+    // A file that grows while it is read is held to the same limit.
+    if (text.size() + static_cast<size_t>(got) > kMaxReadBytes) return FileError::TooLarge;
     text.append(buffer, static_cast<size_t>(got));
   }
-  ::close(fd);
-  if (ok) bytes = std::move(text);
-  return ok;
+  bytes = std::move(text);
+  return FileError::None;
+}
+
+std::string fileErrorReason(FileError error) {
+  switch (error) {
+    case FileError::None:
+      return {};
+    case FileError::Missing:
+      return "Filen finnes ikke.";
+    case FileError::NoFolder:
+      return "Mappen finnes ikke.";
+    case FileError::IsFolder:
+      return "Det finnes en mappe med dette navnet.";
+    case FileError::NotRegular:
+      return "Det er ikke en vanlig fil, men for eksempel et rør eller en enhet."_cp;
+    case FileError::TooLarge:
+      return "Filen er over 512 MB, langt større enn noen plan."_cp;
+    case FileError::NotPermitted:
+      return "Du har ikke tilgang til filen eller mappen den ligger i.";
+    case FileError::ReadOnlyPlace:
+      return "Stedet er skrivebeskyttet.";
+    case FileError::NoSpace:
+      return "Det er ikke mer plass på disken."_cp;
+    case FileError::TooBig:
+      return "Filen ble for stor.";
+    case FileError::NameTooLong:
+      return "Navnet er for langt.";
+    case FileError::NoReader:
+      return "Ingen programmer leser fra røret."_cp;
+    case FileError::Failed:
+      break;
+  }
+  return "Filsystemet meldte en feil.";
+}
+
+std::string fileMessage(FileAction action, const std::string& path, std::string_view reason) {
+  std::string message =
+      action == FileAction::Save ? "Kunne ikke lagre filen '" : "Kunne ikke åpne filen '"_cp;
+  message.append(utf8ToCp1252(path)).append("'. ").append(reason);
+  return message;
+}
+
+std::string fileMessage(FileAction action, const std::string& path, FileError error) {
+  return fileMessage(action, path, fileErrorReason(error));
+}
+
+bool saveFileAtomically(const std::string& path, std::string_view bytes, std::string& reason) {
+  FileError error = saveFile(path, bytes);
+  if (error == FileError::None) return true;
+  reason = fileErrorReason(error);
+  return false;
 }
 
 }  // namespace tavlero

@@ -1,8 +1,5 @@
 #include "files/settings.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cctype>
 #include <optional>
 
@@ -66,14 +63,16 @@ std::optional<bool> booleanOf(std::string_view text) {
 }
 
 // The settings file's bytes, made with the defaults when it is missing or empty.
-// Nothing when it can be neither made nor read.
+// Nothing when it can be neither made nor read. A program folder the user may not write
+// is usual and goes by in silence; a name that holds no plain file is told.
 std::optional<std::string> settingsText(App& app) {
   const std::string& path = app.store.settingsPath;
-  int fd = ::open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666);
-  if (fd < 0) return std::nullopt;
-  ::close(fd);
   std::string text;
-  if (!readWholeFile(path, text)) return std::nullopt;
+  FileError error = readWholeFile(path, text, IfMissing::CreateEmpty);
+  if (error == FileError::IsFolder || error == FileError::NotRegular || error == FileError::TooLarge)
+    app.ui.MsgBox(fileMessage(FileAction::Open, path, error) + " Programmet bruker standardinnstillingene.",
+                  MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
+  if (error != FileError::None) return std::nullopt;
   if (text.empty()) {
     // What the file now holds; the same values when it could not be written after all.
     writeDefaultSettings(app);
@@ -98,8 +97,7 @@ void loadSettings(App& app) {
 }
 
 void writeDefaultSettings(App& app) {
-  std::string error;
-  saveFileAtomically(app.store.settingsPath, kDefaultSettings, error);
+  saveFile(app.store.settingsPath, kDefaultSettings);
 }
 
 }  // namespace tavlero

@@ -48,12 +48,35 @@ expect 0 "$cli" check --settings "$work/s.cfg" "$example"
 expect 1 "$cli" check --settings "$work/s.cfg" "$data/files/read/glued_methods.tvl"
 sed -n 's/^check //p' "$data/files/read/glued_methods.expected" | cmp -s - "$work/out" || fail "glued_methods: $(cat "$work/out")"
 expect 2 "$cli" check --settings "$work/s.cfg" "$work/folder.tvl"
-grep -q "Kunne ikke lese filen" "$work/err" || fail "check of a folder gave no message"
+grep -q "Kunne ikke åpne filen '$work/folder.tvl'. Det finnes en mappe" "$work/err" || fail "check of a folder: $(cat "$work/err")"
+expect 1 "$cli" check --settings "$work/s.cfg" "$data/files/read/text_behind_record.tvl"
+grep -q "endres hver gang planen åpnes og lagres" "$work/out" || fail "check did not report a record that grows"
 
 # Any bytes at all: no crash; check finds problems, save saves.
 head -c 20000 /dev/urandom >"$work/noise.tvl"
 expect 1 "$cli" check --settings "$work/s.cfg" "$work/noise.tvl"
 expect 0 "$cli" save --settings "$work/s.cfg" "$work/noise.tvl" "$work/noise-out.tvl"
+
+# '-' is standard output; a FIFO is written into and stays; a FIFO as input gets the
+# message at once.
+expect 0 "$cli" save --settings "$work/s.cfg" "$example" -
+cmp -s "$work/out" "$data/files/write/kalkulator_read_back.tvl" || fail "save to - did not give the expected bytes"
+mkfifo "$work/fifo"
+cat "$work/fifo" >"$work/from-fifo" &
+expect 0 timeout 10 "$cli" save --settings "$work/s.cfg" "$example" "$work/fifo"
+wait
+cmp -s "$work/from-fifo" "$data/files/write/kalkulator_read_back.tvl" || fail "the FIFO's reader did not get the plan"
+expect 2 timeout 10 "$cli" save --settings "$work/s.cfg" "$work/fifo" "$work/x.tvl"
+[ -p "$work/fifo" ] || fail "the FIFO was replaced"
+
+# A plan beyond the method limit: the work is done, the reader's message printed, exit 1.
+awk 'BEGIN { for (i = 0; i < 32003; i++) printf "<userMethod><methodName>m%d</methodName><longDescription></longDescription></userMethod>\r\n", i }' >"$work/big.tvl"
+expect 1 "$cli" save --settings "$work/s.cfg" "$work/big.tvl" "$work/big-out.tvl"
+[ "$(grep -c "<userMethod>" "$work/big-out.tvl")" -eq 32001 ] || fail "the plan beyond the limit was not saved"
+grep -q "2 metoder ble ikke lest inn" "$work/err" || fail "no message for the methods left out: $(cat "$work/err")"
+# A reader that leaves standard output early: a message and status 2, not death by SIGPIPE.
+"$cli" save --settings "$work/s.cfg" "$work/big.tvl" - 2>"$work/err" | head -c 10 >/dev/null
+[ "${PIPESTATUS[0]}" -eq 2 ] && grep -q "Ingen programmer leser fra røret" "$work/err" || fail "early reader: $(cat "$work/err")"
 
 [ "$failures" -eq 0 ] && echo "all cli file tests passed"
 exit $((failures > 0))

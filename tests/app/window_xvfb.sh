@@ -2,7 +2,7 @@
 # The real program in a real X server: with a project named on the command line its
 # window titled "Tavlero" appears and leaves through its own menu (Alt+F, A) with status
 # 0 and no question. A project that cannot be opened brings the message "Gale parametre"
-# instead of the window, and the program ends.
+# instead of the window, and the program ends; so does a FIFO named as the project.
 # Usage: window_xvfb.sh BUILD_BIN TEST_DATA
 set -uo pipefail
 
@@ -46,6 +46,12 @@ start "$(dirname "$project")/mangler/plan.tvl" "Gale parametre"
 xdotool search --onlyvisible --name '^Tavlero$' >/dev/null 2>&1 && fail "the main window showed beside the message"
 press Return
 [[ $status -ne 0 ]] || fail "a failed start ended with status 0"
+
+# A FIFO named as the project is no plan: the same message at once, never a wait.
+mkfifo "$(dirname "$program")/fifo.tvl"
+start "$(dirname "$program")/fifo.tvl" "Gale parametre"
+press Return
+[[ $status -ne 0 ]] || fail "a FIFO as the project ended with status 0"
 INSIDE
 
 timeout 60 xvfb-run -a -s "-screen 0 1280x1024x24" bash "$work/inside.sh" "$work/tavlero" "$data/qt/board.tvl"

@@ -1,13 +1,14 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
-
 #include <tuple>
 
 #include "core/cp1252.h"
 #include "file_world.h"
 #include "files/project_commands.h"
 #include "files/project_text.h"
+#include "files/save_file.h"
 
 namespace tavlero::testing {
 namespace {
@@ -77,17 +78,28 @@ TEST(ProjectCommands, YesWithoutAFileSavesThroughTheDialogFirst) {
   }
 }
 
-// A file the open dialog chose but that cannot be read: a message, and the project stays.
+// A name the open dialog chose that holds no plan: a folder, a FIFO (which must not make
+// the program wait), a file larger than any plan. A message names the file at once, and
+// the project stays.
 TEST(OpenProject, FileThatCannotBeReadKeepsTheProject) {
   FileWorld world;
   world.addCell("kept", 10, 10);
   std::filesystem::create_directory(world.dir.file("folder.tvl"));
-  world.dialog.openAnswers.push_back(world.dir.file("folder.tvl"));
-  openproject_Click(world.app);
-  EXPECT_EQ(world.app.store.itemList.ListCount(), 1);
-  EXPECT_TRUE(world.app.store.projectFileName.empty());
-  ASSERT_EQ(world.ui.messages.size(), 1u);
-  EXPECT_EQ(world.ui.messages[0].prompt, "Kunne ikke åpne filen '"_cp + world.dir.file("folder.tvl") + "'.");
+  ASSERT_EQ(mkfifo(world.dir.file("fifo.tvl").c_str(), 0600), 0);
+  writeFile(world.dir.file("huge.tvl"), "");
+  std::filesystem::resize_file(world.dir.file("huge.tvl"), kMaxReadBytes + 1);
+  for (auto [name, reason] : {std::pair{"folder.tvl", FileError::IsFolder},
+                              {"fifo.tvl", FileError::NotRegular},
+                              {"huge.tvl", FileError::TooLarge}}) {
+    world.ui.messages.clear();
+    world.dialog.openAnswers.push_back(world.dir.file(name));
+    openproject_Click(world.app);
+    EXPECT_EQ(std::tuple(world.app.store.itemList.ListCount(), world.app.store.projectFileName),
+              std::tuple(1, ""));
+    ASSERT_EQ(world.ui.messages.size(), 1u);
+    EXPECT_EQ(world.ui.messages[0].prompt,
+              "Kunne ikke åpne filen '"_cp + world.dir.file(name) + "'. " + fileErrorReason(reason));
+  }
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
-
 #include <tuple>
 
 #include "file_world.h"
@@ -62,14 +62,23 @@ INSTANTIATE_TEST_SUITE_P(
                       ValueCase{"<nameFontSize>99999</nameFontSize><actionKey>Kx</actionKey>", 32767, -1,
                                 "Kx"}));
 
-// A settings file that cannot be made or read leaves the values as they were.
+// A settings file that cannot be made or read leaves the values as they were. A missing
+// folder goes by in silence (an installed program's folder is not the user's); a name that
+// holds a folder or a FIFO is told, and the FIFO does not make the start wait.
 TEST(Settings, FileThatCannotBeMadeOrReadLeavesTheValues) {
   FileWorld world;
   world.app.store.nameFontSize = 12;
-  for (const std::string& path : {world.dir.file("no/folder/tavlero.cfg"), world.dir.path(), std::string()}) {
+  ASSERT_EQ(mkfifo(world.dir.file("fifo.cfg").c_str(), 0600), 0);
+  for (auto [path, told] : {std::pair{world.dir.file("no/folder/tavlero.cfg"), false},
+                            {world.dir.path(), true},
+                            {world.dir.file("fifo.cfg"), true},
+                            {std::string(), false}}) {
+    world.ui.messages.clear();
     world.app.store.settingsPath = path;
     loadSettings(world.app);
-    EXPECT_EQ(world.app.store.nameFontSize, 12) << path;
+    EXPECT_EQ(std::tuple(world.app.store.nameFontSize, world.ui.messages.size()),
+              std::tuple(12, told ? 1u : 0u))
+        << path;
   }
 }
 
