@@ -30,7 +30,7 @@ int cellsInWindow(QtWorld& world) {
 TEST_P(ExampleTest, IsARealPlanThatFitsTheStartWindow) {
   const std::string path = std::string(TAVLERO_EXAMPLES) + "/" + GetParam();
   std::string text;
-  ASSERT_TRUE(readWholeFile(path, text));
+  ASSERT_EQ(readWholeFile(path, text), FileError::None);
   EXPECT_THAT(checkProject(text), ::testing::IsEmpty());
 
   QtWorld world;
