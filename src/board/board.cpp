@@ -7,8 +7,8 @@
 #include <unordered_map>
 
 #include "board/cell_text.h"
+#include "board/links.h"
 #include "core/record.h"
-#include "editing/links.h"
 
 namespace tavlero {
 

@@ -1,4 +1,4 @@
-#include "editing/links.h"
+#include "board/links.h"
 
 #include <string>
 #include <vector>

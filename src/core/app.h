@@ -5,11 +5,11 @@
 #include <memory>
 #include <string>
 
-#include "board/surface.h"
 #include "core/project_store.h"
 #include "platform/common_dialog.h"
 #include "platform/forms.h"
 #include "platform/outputs.h"
+#include "platform/surface.h"
 #include "platform/ui.h"
 
 namespace tavlero {

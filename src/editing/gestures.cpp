@@ -4,10 +4,10 @@
 
 #include "board/board.h"
 #include "board/compress.h"
+#include "board/links.h"
 #include "core/cp1252.h"
 #include "core/record.h"
 #include "editing/hit_test.h"
-#include "editing/links.h"
 
 namespace tavlero {
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "board/display_list.h"
+#include "platform/display_list.h"
 
 namespace tavlero {
 

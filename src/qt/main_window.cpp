@@ -6,7 +6,7 @@
 #include <QMenuBar>
 #include <cmath>
 
-#include "core/startup.h"
+#include "program/startup.h"
 #include "qt/main_menus.h"
 
 namespace tavlero {

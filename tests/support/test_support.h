@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "board/test_surface.h"
 #include "core/app.h"
-#include "core/startup.h"
+#include "program/startup.h"
+#include "test_surface.h"
 
 namespace tavlero::testing {
 
