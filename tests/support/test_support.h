@@ -28,7 +28,6 @@ class FakeUi : public Ui {
   std::string captionText = "Tavlero";
   int pointer = kPointerDefault;
   bool enabled = true;
-  bool ended = false;
   float clientWidth = twipsToMillimetres(kMainClientWidthTwips);
   float clientHeight = twipsToMillimetres(kMainClientHeightTwips);
 
@@ -46,7 +45,6 @@ class FakeUi : public Ui {
   void demoRectangleChanged() override {}
   float mainScaleWidth() const override { return clientWidth; }
   float mainScaleHeight() const override { return clientHeight; }
-  void endProgram() override { ended = true; }
 };
 
 // Answers ShowOpen/ShowSave from queues of full paths; an empty string, or an empty
