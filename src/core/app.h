@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "core/geometry_index.h"
 #include "core/project_store.h"
 #include "platform/common_dialog.h"
 #include "platform/forms.h"
@@ -53,6 +54,10 @@ class App {
   FormFactory& forms;
 
   DemoRectangle demoRectangle;
+
+  // The geometry lists as hit testing reads them, parsed again only after a change.
+  GeometryIndex cellHits;
+  GeometryIndex linkHits;
 
   // Forms while they are open; empty when closed.
   std::unique_ptr<MethodFormView> addMethodForm;

@@ -3,17 +3,15 @@
 #include "core/record.h"
 
 #include <algorithm>
-#include <atomic>
 
 namespace tavlero {
 
 namespace {
 const std::string kEmpty;
-std::atomic<uint64_t> lastRevision{0};
 }  // namespace
 
 void StringList::changed() {
-  revision_ = ++lastRevision;
+  ++revision_;
 }
 
 const std::string& StringList::List(int16_t index) const {

@@ -9,6 +9,7 @@
 #include "board/compress.h"
 #include "core/cp1252.h"
 #include "core/record.h"
+#include "core/records.h"
 #include "files/project_text.h"
 #include "files/save_file.h"
 #include "files/settings.h"
@@ -19,7 +20,6 @@ namespace {
 
 constexpr const char* kProjectFilter = "Tavlero-prosjekter (*.tvl)|*.tvl";
 constexpr const char* kProjectExt = "*.tvl";
-constexpr const char* kPlaceholder = "X1: 0 Y1: 0 X2: 0 Y2: 0";
 
 // A path that names no file, in a folder that exists, becomes an empty file first.
 bool loadProjectBytes(const std::string& path, std::string& bytes) {
@@ -50,7 +50,7 @@ void reportLeftOut(App& app, size_t methods, size_t links) {
 }
 
 size_t readMethods(ProjectStore& store, std::string_view fileText) {
-  ElementScanner scanner(fileText, "userMethod", kSkipBehindMethod);
+  ElementScanner scanner(fileText, key::userMethod, kSkipBehindMethod);
   size_t leftOut = 0;
   // An element can only equal an earlier record when such a record kept a
   // "<longDescription" of its own; until then the store's lookup would find nothing.
@@ -64,24 +64,24 @@ size_t readMethods(ProjectStore& store, std::string_view fileText) {
     int16_t n = store.itemList.ListCount();
     std::string longDescription = parts.longDescription;
     if (recordsHoldTag && parts.hasLongDescription && parts.closedLongDescription)
-      longDescription = store.getField(element, "longDescription");
+      longDescription = store.getField(element, key::longDescription);
     store.setLongDescription(n, std::move(longDescription));
     if (parts.record.find("<longDescription") != std::string::npos) recordsHoldTag = true;
     store.itemList.AddItem(std::move(parts.record));
-    store.sizeList.AddItem(kPlaceholder);
+    store.sizeList.AddItem(std::string(kGeometryPlaceholder));
   }
   return leftOut;
 }
 
 size_t readLinks(ProjectStore& store, std::string_view fileText) {
-  ElementScanner scanner(fileText, "userLink", kSkipBehindLink);
+  ElementScanner scanner(fileText, key::userLink, kSkipBehindLink);
   size_t leftOut = 0;
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     if (!store.linkList.AddItem(std::string(element))) {
       ++leftOut;
       continue;
     }
-    store.linkSizeList.AddItem(kPlaceholder);
+    store.linkSizeList.AddItem(std::string(kGeometryPlaceholder));
   }
   return leftOut;
 }
@@ -89,13 +89,13 @@ size_t readLinks(ProjectStore& store, std::string_view fileText) {
 // Everything of the reader after the file was read; the lists are already empty.
 void readProjectText(App& app, const std::string& fileText) {
   ProjectStore& store = app.store;
-  store.programName = getField(fileText, "projectName");
-  store.programDescription = getField(fileText, "projectDescription");
-  store.minimumCellWidth = toSingle(textToNumber(getField(fileText, "minimumCellWidth")));
-  store.maximumCellWidth = toSingle(textToNumber(getField(fileText, "maximumCellWidth")));
-  store.nameFontSize = fontSizeOf(getField(fileText, "nameFontSize"));
-  store.infoFontSize = fontSizeOf(getField(fileText, "infoFontSize"));
-  store.fontName = getField(fileText, "fontName");
+  store.programName = getField(fileText, key::projectName);
+  store.programDescription = getField(fileText, key::projectDescription);
+  store.minimumCellWidth = toSingle(numberField(fileText, key::minimumCellWidth));
+  store.maximumCellWidth = toSingle(numberField(fileText, key::maximumCellWidth));
+  store.nameFontSize = fontSizeOf(getField(fileText, key::nameFontSize));
+  store.infoFontSize = fontSizeOf(getField(fileText, key::infoFontSize));
+  store.fontName = getField(fileText, key::fontName);
 
   if (!(store.minimumCellWidth >= 1.0f) || !(store.maximumCellWidth >= 1.0f) || store.nameFontSize < 1 ||
       store.infoFontSize < 1) {

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/record.h"
+#include "core/records.h"
 
 namespace tavlero {
 
@@ -111,7 +112,7 @@ MethodParts splitMethod(std::string_view element) {
     parts.record = element.substr(0, cutStart);
     return parts;
   }
-  parts.longDescription = getField(element, "longDescription");
+  parts.longDescription = getField(element, key::longDescription);
   size_t cutEnd = closePos + kCloseTag.size();
   parts.record.reserve(cutStart + element.size() - cutEnd);
   parts.record.append(element.substr(0, cutStart)).append(element.substr(cutEnd));

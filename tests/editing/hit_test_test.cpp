@@ -31,9 +31,10 @@ class HitTest : public ::testing::TestWithParam<HitCase> {};
 
 TEST_P(HitTest, FindsTheLowestEntryAtThePoint) {
   const HitCase& c = GetParam();
-  ProjectStore store;
+  FakeWorld world;
+  ProjectStore& store = world.app.store;
   for (const auto& record : c.records) (c.link ? store.linkSizeList : store.sizeList).AddItem(record);
-  EXPECT_EQ(c.link ? findLinkAt(store, c.x, c.y) : findCellAt(store, c.x, c.y), c.expected);
+  EXPECT_EQ(c.link ? findLinkAt(world.app, c.x, c.y) : findCellAt(world.app, c.x, c.y), c.expected);
 }
 
 const std::string kCell = box(10, 20, 40, 50), kOver = box(30, 40, 90, 90),
@@ -78,10 +79,10 @@ TEST(FindCellAtBoard, OverlappingCellsFollowTheRedraw) {
   ProjectStore& store = world.app.store;
   store.itemList.setList(5, setField(store.itemList.List(5), "positionX", numberToText(210.0f)));
   redrawBoard(world.app);
-  ASSERT_EQ(findCellAt(store, 215, 12), 2);
+  ASSERT_EQ(findCellAt(world.app, 215, 12), 2);
   store.selectedCell = 2;
   canvas_KeyDown(world.app, 46, 0);
-  EXPECT_EQ(findCellAt(store, 215, 12), 4);
+  EXPECT_EQ(findCellAt(world.app, 215, 12), 4);
 }
 
 }  // namespace
