@@ -55,6 +55,14 @@ void StringList::RemoveItems(const std::vector<int16_t>& ascendingIndices) {
   changed();
 }
 
+StringList& StringList::operator=(const StringList& other) {
+  if (this != &other) {
+    items_ = other.items_;
+    changed();
+  }
+  return *this;
+}
+
 void StringList::Clear() {
   items_.clear();
   changed();

@@ -27,15 +27,17 @@ inline constexpr const char* quoteChar = "\"";
 }  // namespace defaults
 
 // An ordered list of strings with 16-bit indices, as the list boxes that held the records.
+// The capitalised members keep the list box's names that the handlers are written in;
+// the lower-case ones are this program's own.
 class StringList {
  public:
   static constexpr int16_t kMaxCount = 32767;
 
   StringList() = default;
   StringList(const StringList&) = default;
-  // A list is never replaced as a whole: its revision could then go back to one that
-  // data derived from it has already seen.
-  StringList& operator=(const StringList&) = delete;
+  // Taking another list's entries is a change of this list: the revision moves on from
+  // its own, never back to one that data derived from this list has already seen.
+  StringList& operator=(const StringList& other);
 
   int16_t ListCount() const { return static_cast<int16_t>(items_.size()); }
   // An index outside the list reads as the empty string and is ignored on writing,

@@ -10,6 +10,8 @@
 
 namespace tavlero {
 
+// The capitalised members keep the drawing names that the handlers are written in (and
+// "Color" with them); setters and the lower-case members are this program's own.
 class Surface {
  public:
   virtual ~Surface() = default;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "board_fixture.h"
@@ -83,6 +84,13 @@ TEST(FindCellAtBoard, OverlappingCellsFollowTheRedraw) {
   store.selectedCell = 2;
   canvas_KeyDown(world.app, 46, 0);
   EXPECT_EQ(findCellAt(world.app, 215, 12), 4);
+  // A geometry list taken whole from another store, of the same length, is new to the index.
+  FakeWorld other;
+  for (int i = 0; i < 5; ++i)
+    other.addCell("far" + std::to_string(i), 1000.0f * static_cast<float>(i + 1), 10);
+  redrawBoard(other.app);
+  store.sizeList = other.app.store.sizeList;
+  EXPECT_EQ(std::tuple(findCellAt(world.app, 215, 12), findCellAt(world.app, 1005, 12)), std::tuple(-1, 0));
 }
 
 }  // namespace

@@ -174,7 +174,8 @@ struct FakeWorld : FakePlatform {
   // Appends a cell record the way the method dialog builds one, with its geometry
   // placeholder and long description; returns its index.
   int16_t addCell(const std::string& name, float x, float y, const std::string& summary = "",
-                  int32_t color = 16777215, int32_t fill = 0, const std::string& longDescription = "");
+                  int32_t color = defaults::cellColor, int32_t fill = defaults::fillStyle,
+                  const std::string& longDescription = "");
   // Appends a fresh link record with the placeholder geometry.
   int16_t addLinkRecord(const std::string& source, const std::string& target);
 };
