@@ -32,7 +32,6 @@ class QtUi : public Ui {
   float mainScaleWidth() const override;
   float mainScaleHeight() const override;
 
-
  private:
   MainWindow* window_ = nullptr;
 };
