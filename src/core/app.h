@@ -35,8 +35,8 @@ struct Platform {
 
 class App {
  public:
-  App(Surface& canvas, Platform platform)
-      : canvas(canvas),
+  App(Surface& surface, Platform platform)
+      : canvas(surface),
         ui(platform.ui),
         commonDialog(platform.commonDialog),
         clipboard(platform.clipboard),

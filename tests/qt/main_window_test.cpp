@@ -176,7 +176,7 @@ TEST_F(WindowTest, ClosingWithUnsavedWorkMayBeCancelled) {
 }
 
 TEST_F(WindowTest, PressesReachTheBoardInBoardUnits) {
-  for (int16_t cell : {1, 2}) {
+  for (int16_t cell : {int16_t{1}, int16_t{2}}) {
     click(centreOf(cell));
     EXPECT_EQ(app.store.selectedCell, cell);
   }
@@ -220,7 +220,7 @@ TEST_F(WindowTest, TheCanvasPaintsTheBoardInViewFarPanned) {
   canvas.Move(-static_cast<float>((solid.x() - 100) * 25.4 / 96), 0);
   ASSERT_LT(widget.x(), -200000);
   QImage shown = widget.grab(QRect(-widget.x(), 0, 967, 656)).toImage();
-  EXPECT_EQ(shown.pixelColor(QPoint(130, solid.y() + 5)), QColor(0, 0, 255));
+  EXPECT_EQ(shown.pixelColor(QPoint(130, static_cast<int>(solid.y() + 5))), QColor(0, 0, 255));
   EXPECT_EQ(shown.pixelColor(QPoint(900, 600)), boardBackground());
 }
 
