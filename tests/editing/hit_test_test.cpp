@@ -8,6 +8,7 @@
 
 #include "board_fixture.h"
 #include "core/record.h"
+#include "core/records.h"
 #include "editing/keys.h"
 
 namespace tavlero::testing {
@@ -16,8 +17,7 @@ namespace {
 using testing::PrintTo;
 
 std::string box(float x1, float y1, float x2, float y2) {
-  return "<X1>" + numberToText(x1) + "</X1><Y1>" + numberToText(y1) + "</Y1><X2>" + numberToText(x2) +
-         "</X2><Y2>" + numberToText(y2) + "</Y2>";
+  return buildGeometry(numberToText(x1), numberToText(y1), numberToText(x2), numberToText(y2));
 }
 
 struct HitCase {

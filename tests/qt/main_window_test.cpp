@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
+#include <filesystem>
 #include <functional>
 
 #include "board/compress.h"
@@ -21,16 +22,19 @@
 namespace tavlero {
 namespace {
 
-// main shown and active, with the board read.
+// main shown and active, with the board read, in a folder of its own for the pages that
+// the menus write.
 class WindowTest : public ::testing::Test, protected testing::QtWorld {
  protected:
   void SetUp() override {
+    std::filesystem::current_path(pageFolder.path());
     startCanvas();
     ASSERT_TRUE(readBoard());
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   }
+  void TearDown() override { std::filesystem::current_path(previous); }
 
   // Every entry of the menu bar, each menu before its own entries.
   static QList<QAction*> entries(const QList<QAction*>& actions) {
@@ -55,6 +59,8 @@ class WindowTest : public ::testing::Test, protected testing::QtWorld {
     QCoreApplication::sendEvent(&widget, &event);
   }
 
+  testing::TempDir pageFolder;
+  const std::filesystem::path previous = std::filesystem::current_path();
   MainWindow window{app, canvas};
   CanvasWidget& widget = window.canvas();
 };
