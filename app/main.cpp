@@ -5,7 +5,7 @@
 #include <QFile>
 #include <string>
 
-#include "core/startup.h"
+#include "program/startup.h"
 #include "qt/desktop.h"
 
 int main(int argc, char* argv[]) {

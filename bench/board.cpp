@@ -6,9 +6,9 @@
 #include <string>
 
 #include "board/board.h"
-#include "board/test_surface.h"
 #include "core/record.h"
 #include "test_support.h"
+#include "test_surface.h"
 
 namespace {
 

@@ -61,7 +61,7 @@ BENCHMARK(BM_SelectionClick)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond
 void BM_FindCellAt(benchmark::State& state) {
   auto world = drawnBoard(static_cast<int>(state.range(0)));
   Point p = insideCell(*world, static_cast<int>(state.range(0)) - 1);
-  for (auto _ : state) benchmark::DoNotOptimize(tavlero::findCellAt(world->app.store, p.x, p.y));
+  for (auto _ : state) benchmark::DoNotOptimize(tavlero::findCellAt(world->app, p.x, p.y));
 }
 BENCHMARK(BM_FindCellAt)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);
 
@@ -76,7 +76,7 @@ void BM_FindCellAtAfterAChange(benchmark::State& state) {
   for (auto _ : state) {
     moved = !moved;
     sizes.setList(0, moved ? geometry + " " : geometry);
-    benchmark::DoNotOptimize(tavlero::findCellAt(world->app.store, p.x, p.y));
+    benchmark::DoNotOptimize(tavlero::findCellAt(world->app, p.x, p.y));
   }
 }
 BENCHMARK(BM_FindCellAtAfterAChange)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);

@@ -7,6 +7,7 @@
 #include "cli.h"
 #include "core/cp1252.h"
 #include "core/record.h"
+#include "core/records.h"
 #include "export/export_file.h"
 #include "export/html_report.h"
 #include "export/info_view.h"
@@ -50,7 +51,7 @@ int info(Session& session, std::vector<std::string>& args) {
   if (method) {
     const std::string name = utf8ToCp1252(*method);
     for (int16_t i = 0; i < store.itemList.ListCount() && store.selectedCell == -1; ++i)
-      if (getField(store.itemList.List(i), "methodName") == name) store.selectedCell = i;
+      if (getField(store.itemList.List(i), key::methodName) == name) store.selectedCell = i;
     if (store.selectedCell == -1) {
       printMessage("Prosjektet har ingen metode med navnet '" + name + "'.");
       return kExitFailure;

@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "core/cp1252.h"
-#include "core/startup.h"
+#include "program/startup.h"
 
 namespace tavlero::cli {
 

@@ -28,7 +28,6 @@ class HeadlessUi : public Ui {
   void demoRectangleChanged() override {}
   float mainScaleWidth() const override;
   float mainScaleHeight() const override;
-  void endProgram() override {}
 
  private:
   std::string caption_ = "Tavlero";

@@ -3,7 +3,7 @@
 
 #include "cli.h"
 #include "core/cp1252.h"
-#include "core/startup.h"
+#include "program/startup.h"
 
 namespace tavlero::cli {
 

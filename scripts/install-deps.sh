@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages=(
-  g++ cmake make pkg-config
+  g++ cmake make pkg-config clang-format
   qt6-base-dev qt6-svg-dev libgl-dev
   fonts-liberation fontconfig
   xvfb xauth x11-utils xdotool

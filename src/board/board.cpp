@@ -7,8 +7,9 @@
 #include <unordered_map>
 
 #include "board/cell_text.h"
+#include "board/links.h"
 #include "core/record.h"
-#include "editing/links.h"
+#include "core/records.h"
 
 namespace tavlero {
 
@@ -25,7 +26,8 @@ NameIndex buildNameIndex(const ProjectStore& store) {
   NameIndex names;
   const auto& items = store.itemList.items();
   names.reserve(items.size());
-  for (size_t i = 0; i < items.size(); ++i) names[getField(items[i], "methodName")] = static_cast<int16_t>(i);
+  for (size_t i = 0; i < items.size(); ++i)
+    names[getField(items[i], key::methodName)] = static_cast<int16_t>(i);
   return names;
 }
 
@@ -37,28 +39,14 @@ int16_t lastCellNamed(const ProjectStore& store, const NameIndex* names, const s
   int16_t found = -1;
   const auto& items = store.itemList.items();
   for (size_t i = 0; i < items.size(); ++i)
-    if (getField(items[i], "methodName") == name) found = static_cast<int16_t>(i);
+    if (getField(items[i], key::methodName) == name) found = static_cast<int16_t>(i);
   return found;
-}
-
-struct Box {
-  float x1, y1, x2, y2;
-};
-
-Box readBox(const std::string& geometry) {
-  return {toSingle(textToNumber(getField(geometry, "X1"))), toSingle(textToNumber(getField(geometry, "Y1"))),
-          toSingle(textToNumber(getField(geometry, "X2"))), toSingle(textToNumber(getField(geometry, "Y2")))};
 }
 
 void selectFont(App& app, int16_t size, bool bold) {
   app.canvas.Font.Name = app.store.fontName;
   app.canvas.Font.Size = static_cast<float>(size) * app.store.zoomFactor;
   app.canvas.Font.Bold = bold;
-}
-
-std::string geometryRecord(const std::string& x1, const std::string& y1, const std::string& x2,
-                           const std::string& y2) {
-  return "<X1>" + x1 + "</X1><Y1>" + y1 + "</Y1><X2>" + x2 + "</X2><Y2>" + y2 + "</Y2>";
 }
 
 int32_t offsetBy(int32_t value, int32_t delta) {
@@ -70,13 +58,12 @@ void drawLinkWith(App& app, int16_t index, const NameIndex* names) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
   const std::string& record = store.linkList.List(index);
-  std::string sourceName = getField(record, "linkSource");
-  std::string targetName = getField(record, "linkTarget");
-  if (sourceName.empty() || targetName.empty()) return;
+  LinkEnds ends = readLink(record);
+  if (ends.source.empty() || ends.target.empty()) return;
 
   if (index == store.selectedLink) canvas.ForeColor = kRed;
-  int16_t source = lastCellNamed(store, names, sourceName);
-  int16_t target = lastCellNamed(store, names, targetName);
+  int16_t source = lastCellNamed(store, names, ends.source);
+  int16_t target = lastCellNamed(store, names, ends.target);
   if (source < 0 || target < 0) {
     store.linkList.setList(index, "");
     store.linkSizeList.setList(index, "");
@@ -110,14 +97,14 @@ void drawLinkWith(App& app, int16_t index, const NameIndex* names) {
       break;
   }
   store.linkSizeList.setList(
-      index, geometryRecord(numberToText(x1), numberToText(y1), numberToText(x2), numberToText(y2)));
+      index, buildGeometry(numberToText(x1), numberToText(y1), numberToText(x2), numberToText(y2)));
   canvas.Line(x1, y1, x2, y2);
 
   const std::string& sourceRecord = store.itemList.List(source);
   int32_t keptFillColor = canvas.FillColor;
   int16_t keptFillStyle = canvas.FillStyle;
-  canvas.FillColor = toLong(textToNumber(getField(sourceRecord, "cellColor")));
-  canvas.FillStyle = toInteger(textToNumber(getField(sourceRecord, "cellFillStyle")));
+  canvas.FillColor = toLong(numberField(sourceRecord, key::cellColor));
+  canvas.FillStyle = toInteger(numberField(sourceRecord, key::cellFillStyle));
   canvas.Circle(x2, y2, 1);
   canvas.FillStyle = keptFillStyle;
   canvas.FillColor = keptFillColor;
@@ -133,11 +120,11 @@ void drawCell(App& app, int16_t index) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
   const std::string record = store.itemList.List(index);
-  int32_t positionX = toLong(textToNumber(getField(record, "positionX")));
-  int32_t positionY = toLong(textToNumber(getField(record, "positionY")));
-  std::string name = getField(record, "methodName");
-  std::string summary = getField(record, "shortDescription");
-  int32_t fillColor = toLong(textToNumber(getField(record, "cellColor")));
+  int32_t positionX = toLong(numberField(record, key::positionX));
+  int32_t positionY = toLong(numberField(record, key::positionY));
+  std::string name = getField(record, key::methodName);
+  std::string summary = getField(record, key::shortDescription);
+  int32_t fillColor = toLong(numberField(record, key::cellColor));
 
   selectFont(app, store.nameFontSize, true);
   float nameWidth = canvas.TextWidth(name);
@@ -169,7 +156,7 @@ void drawCell(App& app, int16_t index) {
   selectFont(app, store.infoFontSize, false);
   float belowSummary = layoutCellText(canvas, summary, cellWidth, belowName, false);
 
-  canvas.FillStyle = toInteger(textToNumber(getField(record, "cellFillStyle")));
+  canvas.FillStyle = toInteger(numberField(record, key::cellFillStyle));
   canvas.FillColor = fillColor;
   canvas.Box(left - 1, top - 1, left + cellWidth + 1, belowSummary + 1);
   canvas.FillStyle = 1;
@@ -187,8 +174,8 @@ void drawCell(App& app, int16_t index) {
 
   double right = static_cast<double>(positionX) + static_cast<double>(cellWidth) + 1;
   store.sizeList.setList(
-      index, geometryRecord(numberToText(offsetBy(positionX, -1)), numberToText(offsetBy(positionY, -1)),
-                            numberToText(right), numberToText(belowSummary + 1)));
+      index, buildGeometry(numberToText(offsetBy(positionX, -1)), numberToText(offsetBy(positionY, -1)),
+                           numberToText(right), numberToText(belowSummary + 1)));
   canvas.ForeColor = 0;
 }
 

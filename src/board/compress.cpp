@@ -2,6 +2,7 @@
 
 #include "board/board.h"
 #include "core/record.h"
+#include "core/records.h"
 
 namespace tavlero {
 
@@ -10,7 +11,7 @@ namespace {
 constexpr float kMargin = 10.0f;
 
 float positionOf(const std::string& record, std::string_view key) {
-  return toSingle(textToNumber(getField(record, key)));
+  return toSingle(numberField(record, key));
 }
 
 }  // namespace
@@ -18,11 +19,11 @@ float positionOf(const std::string& record, std::string_view key) {
 void shiftBoard(App& app, float dx, float dy) {
   StringList& items = app.store.itemList;
   for (int16_t i = 0; i < items.ListCount(); ++i) {
-    float x = positionOf(items.List(i), "positionX") + dx;
-    items.setList(i, setField(items.List(i), "positionX", numberToText(x)));
+    float x = positionOf(items.List(i), key::positionX) + dx;
+    items.setList(i, setField(items.List(i), key::positionX, numberToText(x)));
     // Read again: the first replacement may have moved what the second one finds.
-    float y = positionOf(items.List(i), "positionY") + dy;
-    items.setList(i, setField(items.List(i), "positionY", numberToText(y)));
+    float y = positionOf(items.List(i), key::positionY) + dy;
+    items.setList(i, setField(items.List(i), key::positionY, numberToText(y)));
   }
 }
 
@@ -35,8 +36,8 @@ void compressBoard(App& app) {
   float largestX = 0;
   float largestY = 0;
   for (const std::string& record : items.items()) {
-    float x = positionOf(record, "positionX");
-    float y = positionOf(record, "positionY");
+    float x = positionOf(record, key::positionX);
+    float y = positionOf(record, key::positionY);
     if (x < smallestX) smallestX = x;
     if (y < smallestY) smallestY = y;
     if (x > largestX) largestX = x;

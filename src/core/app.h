@@ -5,11 +5,12 @@
 #include <memory>
 #include <string>
 
-#include "board/surface.h"
+#include "core/geometry_index.h"
 #include "core/project_store.h"
 #include "platform/common_dialog.h"
 #include "platform/forms.h"
 #include "platform/outputs.h"
+#include "platform/surface.h"
 #include "platform/ui.h"
 
 namespace tavlero {
@@ -34,8 +35,8 @@ struct Platform {
 
 class App {
  public:
-  App(Surface& canvas, Platform platform)
-      : canvas(canvas),
+  App(Surface& surface, Platform platform)
+      : canvas(surface),
         ui(platform.ui),
         commonDialog(platform.commonDialog),
         clipboard(platform.clipboard),
@@ -53,6 +54,10 @@ class App {
   FormFactory& forms;
 
   DemoRectangle demoRectangle;
+
+  // The geometry lists as hit testing reads them, parsed again only after a change.
+  GeometryIndex cellHits;
+  GeometryIndex linkHits;
 
   // Forms while they are open; empty when closed.
   std::unique_ptr<MethodFormView> addMethodForm;

@@ -3,17 +3,15 @@
 #include "core/record.h"
 
 #include <algorithm>
-#include <atomic>
 
 namespace tavlero {
 
 namespace {
 const std::string kEmpty;
-std::atomic<uint64_t> lastRevision{0};
 }  // namespace
 
 void StringList::changed() {
-  revision_ = ++lastRevision;
+  ++revision_;
 }
 
 const std::string& StringList::List(int16_t index) const {
@@ -55,6 +53,14 @@ void StringList::RemoveItems(const std::vector<int16_t>& ascendingIndices) {
   }
   items_.resize(kept);
   changed();
+}
+
+StringList& StringList::operator=(const StringList& other) {
+  if (this != &other) {
+    items_ = other.items_;
+    changed();
+  }
+  return *this;
 }
 
 void StringList::Clear() {

@@ -10,10 +10,34 @@
 
 namespace tavlero {
 
+// What the program variables hold at start, and again where a command resets them.
+namespace defaults {
+inline constexpr const char* fontName = "Arial";
+inline constexpr int32_t cellColor = 16777215;  // white
+inline constexpr int32_t fillStyle = 0;         // solid
+inline constexpr float zoomFactor = 2.0f;
+inline constexpr float minimumCellWidth = 25.0f;
+inline constexpr float maximumCellWidth = 50.0f;
+inline constexpr int16_t nameFontSize = 6;
+inline constexpr int16_t infoFontSize = 4;
+inline constexpr int16_t htmlTableColumns = 5;
+inline constexpr const char* actionKey = "k";
+inline constexpr const char* fieldSeparator = "\r\n\t";  // between the fields of a new cell record
+inline constexpr const char* quoteChar = "\"";
+}  // namespace defaults
+
 // An ordered list of strings with 16-bit indices, as the list boxes that held the records.
+// The capitalised members keep the list box's names that the handlers are written in;
+// the lower-case ones are this program's own.
 class StringList {
  public:
   static constexpr int16_t kMaxCount = 32767;
+
+  StringList() = default;
+  StringList(const StringList&) = default;
+  // Taking another list's entries is a change of this list: the revision moves on from
+  // its own, never back to one that data derived from this list has already seen.
+  StringList& operator=(const StringList& other);
 
   int16_t ListCount() const { return static_cast<int16_t>(items_.size()); }
   // An index outside the list reads as the empty string and is ignored on writing,
@@ -30,9 +54,8 @@ class StringList {
   const std::vector<std::string>& items() const { return items_; }
   void reserve(size_t count) { items_.reserve(count); }
 
-  // Changes with every change of the content, and never repeats a value of this or any
-  // other list, so that data derived from a list can tell whether it still holds.
-  // Writing an entry with the text it already has is no change.
+  // Grows with every change of the content, so that data derived from this list can tell
+  // whether it still holds. Writing an entry with the text it already has is no change.
   uint64_t revision() const { return revision_; }
 
  private:
@@ -70,26 +93,26 @@ class ProjectStore {
   // Project text.
   std::string programName;
   std::string programDescription;
-  std::string fontName = "Arial";  // the Font.Name of the canvas
+  std::string fontName = defaults::fontName;  // the Font.Name of the canvas
 
   // Program variables.
-  float zoomFactor = 2.0f;
-  float minimumCellWidth = 25.0f;
-  float maximumCellWidth = 50.0f;
-  int16_t nameFontSize = 6;
-  int16_t infoFontSize = 4;
+  float zoomFactor = defaults::zoomFactor;
+  float minimumCellWidth = defaults::minimumCellWidth;
+  float maximumCellWidth = defaults::maximumCellWidth;
+  int16_t nameFontSize = defaults::nameFontSize;
+  int16_t infoFontSize = defaults::infoFontSize;
   int16_t selectedCell = -1;
   int16_t selectedLink = -1;
-  int32_t currentColor = 16777215;
-  int32_t currentFillStyle = 0;
+  int32_t currentColor = defaults::cellColor;
+  int32_t currentFillStyle = defaults::fillStyle;
   bool isSaved = true;
   // Methods and links of the last file read that lay beyond what a plan holds.
   size_t leftOutAtReading = 0;
   std::string projectFileName;  // native path component
   std::string projectFolder;    // native path, ends in the folder separator
   bool doubleDraw = true;
-  std::string actionKey = "k";
-  int16_t htmlTableColumns = 5;
+  std::string actionKey = defaults::actionKey;
+  int16_t htmlTableColumns = defaults::htmlTableColumns;
   int32_t lastMouseX = 0;
   int32_t lastMouseY = 0;
   float dragStartX = 0;
@@ -98,8 +121,8 @@ class ProjectStore {
   std::string commandLine;
   std::string appFolder;
   std::string settingsPath;
-  std::string fieldSeparator = "\r\n\t";
-  std::string quoteChar = "\"";
+  std::string fieldSeparator = defaults::fieldSeparator;
+  std::string quoteChar = defaults::quoteChar;
 
  private:
   std::vector<std::string> longDescriptions_;

@@ -4,10 +4,11 @@
 
 #include "board/board.h"
 #include "board/compress.h"
+#include "board/links.h"
 #include "core/cp1252.h"
 #include "core/record.h"
+#include "core/records.h"
 #include "editing/hit_test.h"
-#include "editing/links.h"
 
 namespace tavlero {
 
@@ -18,8 +19,8 @@ constexpr int16_t kRightButton = 2;
 constexpr int16_t kShiftKey = 1;
 
 // Positions are read as the text gives them and only the result is rounded to a float.
-double storedPosition(const ProjectStore& store, const char* key) {
-  return textToNumber(getField(store.itemList.List(store.selectedCell), key));
+double storedPosition(const ProjectStore& store, std::string_view field) {
+  return numberField(store.itemList.List(store.selectedCell), field);
 }
 
 void selectCell(App& app, int16_t hit) {
@@ -36,11 +37,11 @@ void selectCell(App& app, int16_t hit) {
   // The rectangle takes the size the cell had at its last drawing, measured from its
   // stored position; it stays hidden until the pointer moves with the button held.
   DemoRectangle& rect = app.demoRectangle;
-  rect.Left = toSingle(storedPosition(store, "positionX"));
-  rect.Top = toSingle(storedPosition(store, "positionY"));
+  rect.Left = toSingle(storedPosition(store, key::positionX));
+  rect.Top = toSingle(storedPosition(store, key::positionY));
   const std::string& geometry = store.sizeList.List(store.selectedCell);
-  rect.Width = toSingle(textToNumber(getField(geometry, "X2")) - rect.Left);
-  rect.Height = toSingle(textToNumber(getField(geometry, "Y2")) - rect.Top);
+  rect.Width = toSingle(numberField(geometry, key::X2) - rect.Left);
+  rect.Height = toSingle(numberField(geometry, key::Y2) - rect.Top);
   app.ui.demoRectangleChanged();
 }
 
@@ -57,7 +58,7 @@ void selectLinkAt(App& app, float X, float Y) {
   store.selectedCell = -1;
   if (previousCell != -1) drawCell(app, previousCell);
   int16_t previousLink = store.selectedLink;
-  store.selectedLink = findLinkAt(store, X, Y);
+  store.selectedLink = findLinkAt(app, X, Y);
   if (store.selectedLink != -1) drawLink(app, store.selectedLink);
   if (previousLink != -1) drawLink(app, previousLink);
 }
@@ -70,12 +71,12 @@ std::string mainCaption(const ProjectStore& store, float X, float Y) {
 void dropCell(App& app, float X, float Y) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
-  float newX = toSingle(X + storedPosition(store, "positionX") - store.dragStartX);
-  float newY = toSingle(Y + storedPosition(store, "positionY") - store.dragStartY);
-  store.itemList.setList(store.selectedCell,
-                         setField(store.itemList.List(store.selectedCell), "positionX", numberToText(newX)));
-  store.itemList.setList(store.selectedCell,
-                         setField(store.itemList.List(store.selectedCell), "positionY", numberToText(newY)));
+  float newX = toSingle(X + storedPosition(store, key::positionX) - store.dragStartX);
+  float newY = toSingle(Y + storedPosition(store, key::positionY) - store.dragStartY);
+  store.itemList.setList(store.selectedCell, setField(store.itemList.List(store.selectedCell), key::positionX,
+                                                      numberToText(newX)));
+  store.itemList.setList(store.selectedCell, setField(store.itemList.List(store.selectedCell), key::positionY,
+                                                      numberToText(newY)));
   store.markChanged();
 
   // No cell may stand at a negative place: the whole board moves so that the dropped
@@ -102,7 +103,7 @@ void canvas_MouseDown(App& app, int16_t Button, int16_t Shift, float X, float Y)
   ProjectStore& store = app.store;
   store.dragStartX = X;
   store.dragStartY = Y;
-  int16_t hit = findCellAt(store, X, Y);
+  int16_t hit = findCellAt(app, X, Y);
   // Button and Shift are compared as whole values: left with right, or Shift with Ctrl,
   // is none of the cell cases.
   if (Button == kLeftButton && Shift == 0 && hit != -1) {
@@ -123,8 +124,8 @@ void canvas_MouseMove(App& app, int16_t Button, int16_t Shift, float X, float Y)
   if (Button == kLeftButton && store.selectedCell != -1) {
     // Only the rectangle follows the pointer; the board is left alone until the drop.
     DemoRectangle& rect = app.demoRectangle;
-    rect.Top = toSingle(storedPosition(store, "positionY") - store.dragStartY + Y);
-    rect.Left = toSingle(storedPosition(store, "positionX") - store.dragStartX + X);
+    rect.Top = toSingle(storedPosition(store, key::positionY) - store.dragStartY + Y);
+    rect.Left = toSingle(storedPosition(store, key::positionX) - store.dragStartX + X);
     rect.Visible = true;
     app.ui.demoRectangleChanged();
   }

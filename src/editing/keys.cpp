@@ -6,6 +6,7 @@
 #include "board/board.h"
 #include "core/cp1252.h"
 #include "core/record.h"
+#include "core/records.h"
 #include "editing/method_dialog.h"
 #include "export/info_view.h"
 
@@ -49,7 +50,7 @@ bool confirmDeletion(App& app, const std::string& prompt) {
 
 void deleteSelectedCell(App& app) {
   ProjectStore& store = app.store;
-  std::string name = getField(store.itemList.List(store.selectedCell), "methodName");
+  std::string name = getField(store.itemList.List(store.selectedCell), key::methodName);
   if (!confirmDeletion(app, "Er du sikker på at du vil slette '"_cp + name + "'?")) return;
   store.itemList.RemoveItem(store.selectedCell);
   store.sizeList.RemoveItem(store.selectedCell);
@@ -64,8 +65,8 @@ void deleteSelectedLink(App& app) {
   ProjectStore& store = app.store;
   const std::string& record = store.linkList.List(store.selectedLink);
   if (!confirmDeletion(app, "Er du sikker på at du vil slette koblingen mellom '"_cp +
-                                getField(record, "linkSource") + "' og '" + getField(record, "linkTarget") +
-                                "'?"))
+                                getField(record, key::linkSource) + "' og '" +
+                                getField(record, key::linkTarget) + "'?"))
     return;
   store.linkList.RemoveItem(store.selectedLink);
   store.linkSizeList.RemoveItem(store.selectedLink);
@@ -76,8 +77,8 @@ void deleteSelectedLink(App& app) {
 
 void writeCellFields(ProjectStore& store, const std::string& color, const std::string& fill) {
   std::string record = store.itemList.List(store.selectedCell);
-  record = setField(record, "cellFillStyle", fill);
-  record = setField(record, "cellColor", color);
+  record = setField(record, key::cellFillStyle, fill);
+  record = setField(record, key::cellColor, color);
   store.itemList.setList(store.selectedCell, std::move(record));
 }
 
@@ -85,7 +86,7 @@ void colourSelectedCell(App& app, int16_t KeyCode) {
   ProjectStore& store = app.store;
   store.currentColor = kColors[static_cast<size_t>(KeyCode - kKeyDigit1)];
   if (store.selectedCell == -1) return;
-  store.itemList.setList(store.selectedCell, setField(store.itemList.List(store.selectedCell), "cellColor",
+  store.itemList.setList(store.selectedCell, setField(store.itemList.List(store.selectedCell), key::cellColor,
                                                       numberToText(store.currentColor)));
   store.markChanged();
   drawCell(app, store.selectedCell);
@@ -95,7 +96,7 @@ void fillSelectedCell(App& app, int16_t KeyCode) {
   ProjectStore& store = app.store;
   store.currentFillStyle = kFillStyles[static_cast<size_t>(KeyCode - kKeyDigit1)];
   if (store.selectedCell == -1) return;
-  int32_t oldColor = toLong(textToNumber(getField(store.itemList.List(store.selectedCell), "cellColor")));
+  int32_t oldColor = toLong(numberField(store.itemList.List(store.selectedCell), key::cellColor));
   // A pattern leaves the gaps between its lines alone, so the cell is painted solid white
   // first and the new pattern goes over that.
   writeCellFields(store, std::to_string(kWhite), "0");

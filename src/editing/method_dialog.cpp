@@ -5,26 +5,17 @@
 #include "board/board.h"
 #include "core/cp1252.h"
 #include "core/record.h"
+#include "core/records.h"
 
 namespace tavlero {
 
 namespace {
 
 // Replaces a link's field when it names the old name exactly.
-void renameInLink(StringList& links, int16_t index, const char* key, const std::string& oldName,
+void renameInLink(StringList& links, int16_t index, std::string_view field, const std::string& oldName,
                   const std::string& newName) {
   const std::string& record = links.List(index);
-  if (getField(record, key) == oldName) links.setList(index, setField(record, key, newName));
-}
-
-std::string cellRecord(const ProjectStore& store, const std::string& positionX, const std::string& positionY,
-                       const std::string& name, const std::string& summary, const std::string& color,
-                       const std::string& fill, const std::string& beforeColor) {
-  const std::string& sep = store.fieldSeparator;
-  return "<positionX>" + positionX + "</positionX>" + sep + "<positionY>" + positionY + "</positionY>" + sep +
-         "<methodName>" + name + "</methodName>" + sep + "<shortDescription>" + summary +
-         "</shortDescription>" + beforeColor + "<cellColor>" + color + "</cellColor>" + sep +
-         "<cellFillStyle>" + fill + "</cellFillStyle>";
+  if (getField(record, field) == oldName) links.setList(index, setField(record, field, newName));
 }
 
 void showError(App& app, const std::string& text) {
@@ -34,7 +25,7 @@ void showError(App& app, const std::string& text) {
 
 bool nameExists(const ProjectStore& store, const std::string& name) {
   for (const std::string& record : store.itemList.items())
-    if (getField(record, "methodName") == name) return true;
+    if (getField(record, key::methodName) == name) return true;
   return false;
 }
 
@@ -51,33 +42,34 @@ bool addCell(App& app, const MethodFormView& form) {
     showError(app, "Feil: Planen har allerede 32001 metoder og kan ikke ta flere!");
     return false;
   }
-  store.itemList.AddItem(cellRecord(store, numberToText(store.lastMouseX), numberToText(store.lastMouseY),
-                                    name, form.shortDescription(), numberToText(store.currentColor),
-                                    numberToText(store.currentFillStyle), store.fieldSeparator));
+  CellFields cell{
+      numberToText(store.lastMouseX), numberToText(store.lastMouseY),   name,
+      form.shortDescription(),        numberToText(store.currentColor), numberToText(store.currentFillStyle)};
+  store.itemList.AddItem(buildCell(cell, store.fieldSeparator, store.fieldSeparator));
   store.setLongDescription(static_cast<int16_t>(store.itemList.ListCount() - 1), form.longDescription());
-  store.sizeList.AddItem("X1: 0 Y1: 0 X2: 0 Y2: 0");
+  store.sizeList.AddItem(std::string(kGeometryPlaceholder));
   store.markChanged();
   return true;
 }
 
 void editCell(App& app, const MethodFormView& form) {
   ProjectStore& store = app.store;
-  int16_t cell = store.selectedCell;
-  const std::string old = store.itemList.List(cell);
-  std::string oldName = getField(old, "methodName");
+  const int16_t index = store.selectedCell;
+  CellFields cell = readCell(store.itemList.List(index));
+  const std::string oldName = cell.methodName;
   std::string newName = form.methodName();
   // The links follow the name first, while the old record still tells what it was;
   // otherwise the next redraw would sweep them out as links to a missing cell.
   for (int16_t i = 0; i < store.linkList.ListCount(); ++i) {
-    renameInLink(store.linkList, i, "linkSource", oldName, newName);
-    renameInLink(store.linkList, i, "linkTarget", oldName, newName);
+    renameInLink(store.linkList, i, key::linkSource, oldName, newName);
+    renameInLink(store.linkList, i, key::linkTarget, oldName, newName);
   }
   // An edited record has no separator between the summary and the colour; files written
   // afterwards show it, the field search does not care.
-  store.itemList.setList(cell, cellRecord(store, getField(old, "positionX"), getField(old, "positionY"),
-                                          newName, form.shortDescription(), getField(old, "cellColor"),
-                                          getField(old, "cellFillStyle"), ""));
-  store.setLongDescription(cell, form.longDescription());
+  cell.methodName = newName;
+  cell.shortDescription = form.shortDescription();
+  store.itemList.setList(index, buildCell(cell, store.fieldSeparator, ""));
+  store.setLongDescription(index, form.longDescription());
   store.markChanged();
 }
 
@@ -91,8 +83,8 @@ void openForm(App& app, bool editSelected) {
   if (editSelected) {
     const ProjectStore& store = app.store;
     const std::string& record = store.itemList.List(store.selectedCell);
-    form.setTexts(getField(record, "methodName"), getField(record, "shortDescription"),
-                  store.getField(record, "longDescription"));
+    form.setTexts(getField(record, key::methodName), getField(record, key::shortDescription),
+                  store.getField(record, key::longDescription));
     form.setCaption("Redigere metode");
   }
   form.focusNameSelectAll();

@@ -1,6 +1,7 @@
 #include "export/export_index.h"
 
 #include "core/record.h"
+#include "core/records.h"
 
 namespace tavlero {
 
@@ -15,11 +16,11 @@ ExportIndex::ExportIndex(const ProjectStore& store) : store_(store) {
   // once numbering starts.
   methods_.reserve(items.size());
   for (const std::string& record : items)
-    methods_.push_back({getField(record, "methodName"), getField(record, "shortDescription"),
-                        toLong(textToNumber(getField(record, "cellColor"))), -1, -1});
+    methods_.push_back({getField(record, key::methodName), getField(record, key::shortDescription),
+                        toLong(numberField(record, key::cellColor)), -1, -1});
   links_.reserve(links.size());
   for (const std::string& link : links)
-    links_.push_back({getField(link, "linkSource"), getField(link, "linkTarget"), -1, -1});
+    links_.push_back({getField(link, key::linkSource), getField(link, key::linkTarget), -1, -1});
 
   for (const Method& method : methods_) textBytes_ += 3 * method.name.size() + method.summary.size();
   for (const Link& link : links_) textBytes_ += link.source.size() + link.target.size();

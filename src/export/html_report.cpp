@@ -2,7 +2,6 @@
 
 #include <cstdio>
 
-#include "core/record.h"
 #include "export/export_file.h"
 #include "export/export_index.h"
 
@@ -54,13 +53,6 @@ std::string htmlFragment(const ProjectStore& store, const std::string& text, int
          text + "</b></td>" + store.fieldSeparator;
 }
 
-int16_t findMethodByName(const ProjectStore& store, const std::string& name) {
-  int16_t found = -1;
-  for (int16_t i = 0; i < store.itemList.ListCount(); ++i)
-    if (getField(store.itemList.List(i), "methodName") == name) found = i;
-  return found;
-}
-
 std::string buildMethodHtml(const ProjectStore& store, const ExportIndex& index, int16_t position) {
   const std::string& name = index.methodName(position);
   std::string out;
@@ -73,10 +65,6 @@ std::string buildMethodHtml(const ProjectStore& store, const ExportIndex& index,
   appendTable(out, store, index, index.linksTo(position), false);
   out += "<hr />";
   return out;
-}
-
-std::string buildMethodHtml(const ProjectStore& store, int16_t index) {
-  return buildMethodHtml(store, ExportIndex(store), index);
 }
 
 std::string buildHtmlReport(const ProjectStore& store) {

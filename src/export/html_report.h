@@ -10,12 +10,10 @@ namespace tavlero {
 
 class ExportIndex;
 
-std::string buildMethodHtml(const ProjectStore& store, int16_t index);
-// The same section from links and names gathered once for the whole page.
+// One method's section, from links and names gathered once for the whole page.
 std::string buildMethodHtml(const ProjectStore& store, const ExportIndex& index, int16_t position);
 std::string htmlFragment(const ProjectStore& store, const std::string& text, int32_t colour,
                          bool asTableCell);
-int16_t findMethodByName(const ProjectStore& store, const std::string& name);
 // "#RRGGBB" from a stored colour number.
 std::string colourText(int32_t colour);
 // The whole report file's text.

@@ -39,10 +39,6 @@ std::string buildSchemeText(const ProjectStore& store, const ExportIndex& index,
   return out;
 }
 
-std::string buildSchemeText(const ProjectStore& store, int16_t index) {
-  return buildSchemeText(store, ExportIndex(store), index);
-}
-
 std::string buildScheme(const ProjectStore& store, bool forFile) {
   ExportIndex index(store);
   std::string out;

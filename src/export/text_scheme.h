@@ -10,8 +10,7 @@ namespace tavlero {
 
 class ExportIndex;
 
-std::string buildSchemeText(const ProjectStore& store, int16_t index);
-// The same block from links and names gathered once for the whole scheme.
+// One method's block, from links and names gathered once for the whole scheme.
 std::string buildSchemeText(const ProjectStore& store, const ExportIndex& index, int16_t position);
 // Every block in itemList order; for the file each block has one more line end behind it.
 std::string buildScheme(const ProjectStore& store, bool forFile);

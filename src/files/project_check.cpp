@@ -7,23 +7,16 @@
 #include "core/cp1252.h"
 #include "core/project_store.h"
 #include "core/record.h"
+#include "core/records.h"
 #include "files/project_text.h"
 
 namespace tavlero {
 
 namespace {
 
-// Every tag the reader or a record looks for; typed into a text, each can move what the
-// tag search finds.
-constexpr std::string_view kTags[] = {
-    "projectName",   "projectDescription", "minimumCellWidth", "maximumCellWidth", "nameFontSize",
-    "infoFontSize",  "fontName",           "userMethod",       "longDescription",  "userLink",
-    "positionX",     "positionY",          "methodName",       "shortDescription", "cellColor",
-    "cellFillStyle", "linkSource",         "linkTarget"};
-
 std::string typedTag(std::string_view text) {
-  for (std::string_view key : kTags) {
-    for (std::string tag : {"<" + std::string(key) + ">", "</" + std::string(key) + ">"})
+  for (std::string_view field : kProjectFileKeys) {
+    for (std::string tag : {"<" + std::string(field) + ">", "</" + std::string(field) + ">"})
       if (text.find(tag) != std::string_view::npos) return tag;
   }
   return {};
@@ -79,27 +72,27 @@ void reportLoopEnd(Report& report, std::string_view text, const ElementKind& kin
 }
 
 void checkNumbers(Report& report, std::string_view text) {
-  for (std::string_view key : {"minimumCellWidth", "maximumCellWidth"}) {
-    if (!(toSingle(textToNumber(getField(text, key))) >= 1.0f))
-      report.add(std::string(key) + " mangler eller er mindre enn 1; innstillingene brukes i stedet.");
+  for (std::string_view field : {key::minimumCellWidth, key::maximumCellWidth}) {
+    if (!(toSingle(numberField(text, field)) >= 1.0f))
+      report.add(std::string(field) + " mangler eller er mindre enn 1; innstillingene brukes i stedet.");
   }
-  for (std::string_view key : {"nameFontSize", "infoFontSize"}) {
-    if (fontSizeOf(getField(text, key)) < 1)
-      report.add(std::string(key) +
+  for (std::string_view field : {key::nameFontSize, key::infoFontSize}) {
+    if (fontSizeOf(getField(text, field)) < 1)
+      report.add(std::string(field) +
                  " mangler, er mindre enn 1 eller er for stor; innstillingene brukes i stedet.");
   }
 }
 
 // Reads the methods as the reader does and reports what it loses; gives the names read.
 std::unordered_set<std::string> checkMethods(Report& report, std::string_view text) {
-  ElementScanner scanner(text, "userMethod", kSkipBehindMethod);
+  ElementScanner scanner(text, key::userMethod, kSkipBehindMethod);
   std::unordered_map<std::string, size_t> firstNumber;
   std::unordered_set<std::string> names;
   size_t number = 0;
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     ++number;
     MethodParts parts = splitMethod(element);
-    std::string name = getField(parts.record, "methodName");
+    std::string name = getField(parts.record, key::methodName);
     std::string label = methodLabel(number, name);
     if (!parts.hasLongDescription)
       report.add(label + " har ingen <longDescription>; trolig står '</userMethod>' i en tekst."_cp);
@@ -108,9 +101,9 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
     else if (parts.record.find("</longDescription>") != std::string::npos)
       report.add(label + ": den lange beskrivelsen inneholder '</longDescription>'; resten havner i posten.");
     report.typedTags(label + ": navnet", name);
-    report.typedTags(label + ": sammendraget", getField(parts.record, "shortDescription"));
+    report.typedTags(label + ": sammendraget", getField(parts.record, key::shortDescription));
     report.typedTags(label + ": den lange beskrivelsen", parts.longDescription);
-    int32_t fill = toLong(textToNumber(getField(parts.record, "cellFillStyle")));
+    int32_t fill = toLong(numberField(parts.record, key::cellFillStyle));
     if (fill < 0 || fill > 7)
       report.add(label + " har fylltype " + std::to_string(fill) + ", utenfor 0 til 7.");
     auto [first, isNew] = firstNumber.emplace(name, number);
@@ -119,24 +112,26 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
       report.add(label + ": '</userMethod>' står rett foran '<userMethod>', så metoden bak går tapt."_cp);
     if (number <= static_cast<size_t>(ProjectStore::kMaxMethods)) names.insert(name);
   }
-  reportLoopEnd(report, text, {"userMethod", "metode(r)", "metoder", ProjectStore::kMaxMethods},
+  reportLoopEnd(report, text,
+                {std::string(key::userMethod), "metode(r)", "metoder", ProjectStore::kMaxMethods},
                 scanner.offset(), number);
   return names;
 }
 
 void checkLinks(Report& report, std::string_view text, const std::unordered_set<std::string>& names) {
-  ElementScanner scanner(text, "userLink", kSkipBehindLink);
+  ElementScanner scanner(text, key::userLink, kSkipBehindLink);
   size_t number = 0;
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     ++number;
-    for (std::string_view key : {"linkSource", "linkTarget"}) {
-      std::string name = getField(element, key);
+    for (std::string_view field : {key::linkSource, key::linkTarget}) {
+      std::string name = getField(element, field);
       if (!names.contains(name))
-        report.add("Kobling " + std::to_string(number) + ": " + std::string(key) + " '" + name +
+        report.add("Kobling " + std::to_string(number) + ": " + std::string(field) + " '" + name +
                    "' er ingen metode, og koblingen blir fjernet.");
     }
   }
-  reportLoopEnd(report, text, {"userLink", "kobling(er)", "koblinger", ProjectStore::kMaxLinks},
+  reportLoopEnd(report, text,
+                {std::string(key::userLink), "kobling(er)", "koblinger", ProjectStore::kMaxLinks},
                 scanner.offset(), number);
 }
 
@@ -156,7 +151,7 @@ void checkSettling(Report& report, std::string_view fileText) {
   for (int16_t i = 0; i < std::max(once.itemList.ListCount(), twice.itemList.ListCount()); ++i) {
     if (trimRecord(once.itemList.List(i)) != trimRecord(twice.itemList.List(i)) ||
         once.getLongDescription(i) != twice.getLongDescription(i))
-      report.add(methodLabel(i + 1, getField(once.itemList.List(i), "methodName")) +
+      report.add(methodLabel(i + 1, getField(once.itemList.List(i), key::methodName)) +
                  " endres hver gang planen åpnes og lagres."_cp);
   }
   for (int16_t i = 0; i < std::max(once.linkList.ListCount(), twice.linkList.ListCount()); ++i) {
@@ -170,8 +165,8 @@ void checkSettling(Report& report, std::string_view fileText) {
 std::vector<std::string> checkProject(std::string_view fileText) {
   Report report;
   checkNumbers(report, fileText);
-  report.typedTags("Prosjektnavnet", getField(fileText, "projectName"));
-  report.typedTags("Prosjektbeskrivelsen", getField(fileText, "projectDescription"));
+  report.typedTags("Prosjektnavnet", getField(fileText, key::projectName));
+  report.typedTags("Prosjektbeskrivelsen", getField(fileText, key::projectDescription));
   checkLinks(report, fileText, checkMethods(report, fileText));
   checkSettling(report, fileText);
   return report.take();

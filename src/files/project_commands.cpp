@@ -30,11 +30,11 @@ void newproject_Click(App& app) {
   store.linkSizeList.Clear();
   store.isSaved = true;
   app.canvas.setDrawWidth(1);
-  store.fontName = "Arial";
+  store.fontName = defaults::fontName;
   store.selectedCell = -1;
   store.selectedLink = -1;
-  store.currentColor = 16777215;
-  store.currentFillStyle = 0;
+  store.currentColor = defaults::cellColor;
+  store.currentFillStyle = defaults::fillStyle;
   loadSettings(app);
   app.ui.setCaption("Tavlero");
   store.projectFileName.clear();

@@ -4,6 +4,7 @@
 #include "board/compress.h"
 #include "core/cp1252.h"
 #include "core/record.h"
+#include "core/records.h"
 #include "files/project_text.h"
 #include "files/save_file.h"
 #include "files/settings.h"
@@ -33,13 +34,13 @@ void reportLeftOut(App& app, size_t methods, size_t links) {
 // Everything of the reader after the file was read; the lists are already empty.
 void readProjectText(App& app, const std::string& fileText) {
   ProjectStore& store = app.store;
-  store.programName = getField(fileText, "projectName");
-  store.programDescription = getField(fileText, "projectDescription");
-  store.minimumCellWidth = toSingle(textToNumber(getField(fileText, "minimumCellWidth")));
-  store.maximumCellWidth = toSingle(textToNumber(getField(fileText, "maximumCellWidth")));
-  store.nameFontSize = fontSizeOf(getField(fileText, "nameFontSize"));
-  store.infoFontSize = fontSizeOf(getField(fileText, "infoFontSize"));
-  store.fontName = getField(fileText, "fontName");
+  store.programName = getField(fileText, key::projectName);
+  store.programDescription = getField(fileText, key::projectDescription);
+  store.minimumCellWidth = toSingle(numberField(fileText, key::minimumCellWidth));
+  store.maximumCellWidth = toSingle(numberField(fileText, key::maximumCellWidth));
+  store.nameFontSize = fontSizeOf(getField(fileText, key::nameFontSize));
+  store.infoFontSize = fontSizeOf(getField(fileText, key::infoFontSize));
+  store.fontName = getField(fileText, key::fontName);
 
   if (!(store.minimumCellWidth >= 1.0f) || !(store.maximumCellWidth >= 1.0f) || store.nameFontSize < 1 ||
       store.infoFontSize < 1) {

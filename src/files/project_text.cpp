@@ -3,13 +3,13 @@
 #include <cmath>
 
 #include "core/record.h"
+#include "core/records.h"
 
 namespace tavlero {
 
 namespace {
 
 constexpr std::string_view kEnd = "\r\n";
-constexpr const char* kPlaceholder = "X1: 0 Y1: 0 X2: 0 Y2: 0";
 
 void appendLine(std::string& out, std::string_view open, std::string_view value, std::string_view close) {
   out.append(open).append(value).append(close).append(kEnd);
@@ -112,7 +112,7 @@ MethodParts splitMethod(std::string_view element) {
     parts.record = element.substr(0, cutStart);
     return parts;
   }
-  parts.longDescription = getField(element, "longDescription");
+  parts.longDescription = getField(element, key::longDescription);
   size_t cutEnd = closePos + kCloseTag.size();
   parts.record.reserve(cutStart + element.size() - cutEnd);
   parts.record.append(element.substr(0, cutStart)).append(element.substr(cutEnd));
@@ -120,7 +120,7 @@ MethodParts splitMethod(std::string_view element) {
 }
 
 size_t readMethods(ProjectStore& store, std::string_view fileText) {
-  ElementScanner scanner(fileText, "userMethod", kSkipBehindMethod);
+  ElementScanner scanner(fileText, key::userMethod, kSkipBehindMethod);
   size_t leftOut = 0;
   // An element can only equal an earlier record when such a record kept a
   // "<longDescription" of its own; until then the store's lookup would find nothing.
@@ -134,24 +134,24 @@ size_t readMethods(ProjectStore& store, std::string_view fileText) {
     int16_t n = store.itemList.ListCount();
     std::string longDescription = parts.longDescription;
     if (recordsHoldTag && parts.hasLongDescription && parts.closedLongDescription)
-      longDescription = store.getField(element, "longDescription");
+      longDescription = store.getField(element, key::longDescription);
     store.setLongDescription(n, std::move(longDescription));
     if (parts.record.find("<longDescription") != std::string::npos) recordsHoldTag = true;
     store.itemList.AddItem(std::move(parts.record));
-    store.sizeList.AddItem(kPlaceholder);
+    store.sizeList.AddItem(std::string(kGeometryPlaceholder));
   }
   return leftOut;
 }
 
 size_t readLinks(ProjectStore& store, std::string_view fileText) {
-  ElementScanner scanner(fileText, "userLink", kSkipBehindLink);
+  ElementScanner scanner(fileText, key::userLink, kSkipBehindLink);
   size_t leftOut = 0;
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     if (!store.linkList.AddItem(std::string(element))) {
       ++leftOut;
       continue;
     }
-    store.linkSizeList.AddItem(kPlaceholder);
+    store.linkSizeList.AddItem(std::string(kGeometryPlaceholder));
   }
   return leftOut;
 }

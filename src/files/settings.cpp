@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/record.h"
+#include "core/records.h"
 #include "files/save_file.h"
 
 namespace tavlero {
@@ -87,13 +88,13 @@ void loadSettings(App& app) {
   std::optional<std::string> text = settingsText(app);
   if (!text) return;
   ProjectStore& store = app.store;
-  store.minimumCellWidth = toSingle(textToNumber(getField(*text, "minimumCellWidth")));
-  store.maximumCellWidth = toSingle(textToNumber(getField(*text, "maximumCellWidth")));
-  store.nameFontSize = toInteger(textToNumber(getField(*text, "nameFontSize")));
-  store.infoFontSize = toInteger(textToNumber(getField(*text, "infoFontSize")));
-  store.fontName = getField(*text, "fontName");
-  if (std::optional<bool> value = booleanOf(getField(*text, "doubleDraw"))) store.doubleDraw = *value;
-  store.actionKey = getField(*text, "actionKey");
+  store.minimumCellWidth = toSingle(numberField(*text, key::minimumCellWidth));
+  store.maximumCellWidth = toSingle(numberField(*text, key::maximumCellWidth));
+  store.nameFontSize = toInteger(numberField(*text, key::nameFontSize));
+  store.infoFontSize = toInteger(numberField(*text, key::infoFontSize));
+  store.fontName = getField(*text, key::fontName);
+  if (std::optional<bool> value = booleanOf(getField(*text, key::doubleDraw))) store.doubleDraw = *value;
+  store.actionKey = getField(*text, key::actionKey);
 }
 
 void writeDefaultSettings(App& app) {

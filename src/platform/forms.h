@@ -42,7 +42,7 @@ class MethodInfoView {
   virtual void Hide() = 0;
   virtual void Navigate(const std::string& path) = 0;  // native path; empty stops showing
   virtual void SetFocus() = 0;
-  virtual float formWidth() const = 0;   // outer size of the form
+  virtual float formWidth() const = 0;  // outer size of the form
   virtual float formHeight() const = 0;
   virtual void placeButton(float left, float top) = 0;
   virtual void sizeBrowser(float width, float height) = 0;

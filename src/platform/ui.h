@@ -41,9 +41,6 @@ class Ui {
   // Interior of main in millimetres.
   virtual float mainScaleWidth() const = 0;
   virtual float mainScaleHeight() const = 0;
-
-  // Ends the program at once, with no further question.
-  virtual void endProgram() = 0;
 };
 
 }  // namespace tavlero

@@ -9,7 +9,7 @@
 #include <QString>
 #include <cstdint>
 
-#include "board/surface.h"
+#include "platform/surface.h"
 
 namespace tavlero {
 

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "board/surface.h"
+#include "platform/surface.h"
 
 namespace tavlero {
 

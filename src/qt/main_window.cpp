@@ -6,7 +6,7 @@
 #include <QMenuBar>
 #include <cmath>
 
-#include "core/startup.h"
+#include "program/startup.h"
 #include "qt/main_menus.h"
 
 namespace tavlero {
@@ -47,22 +47,15 @@ void MainWindow::focusMain() {
   Form_GotFocus(app_);
 }
 
-void MainWindow::endProgram() {
-  ending_ = true;
-  close();
-}
-
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (!ending_) {
-    // A disabled window takes no input, its close box included.
-    if (event->spontaneous() && !inputEnabled()) {
-      event->ignore();
-      return;
-    }
-    if (!Form_QueryUnload(app_)) {
-      event->ignore();
-      return;
-    }
+  // A disabled window takes no input, its close box included.
+  if (event->spontaneous() && !inputEnabled()) {
+    event->ignore();
+    return;
+  }
+  if (!Form_QueryUnload(app_)) {
+    event->ignore();
+    return;
   }
   event->accept();
   // The other forms go with main.

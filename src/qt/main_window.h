@@ -31,9 +31,6 @@ class MainWindow : public QMainWindow {
   // Activates main and hands the focus on, as a click on it would.
   void focusMain();
 
-  // Closes main without the question about unsaved work and ends the program.
-  void endProgram();
-
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -43,7 +40,6 @@ class MainWindow : public QMainWindow {
   QtSurface& surface_;
   QWidget* client_;
   CanvasWidget* canvas_;
-  bool ending_ = false;
 };
 
 }  // namespace tavlero

@@ -12,7 +12,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "board/surface.h"
+#include "platform/surface.h"
 
 namespace tavlero {
 

@@ -100,11 +100,4 @@ float QtUi::mainScaleHeight() const {
   return window_ ? static_cast<float>(window_->clientSizeMm().height()) : 0;
 }
 
-void QtUi::endProgram() {
-  if (window_)
-    window_->endProgram();
-  else
-    QCoreApplication::quit();
-}
-
 }  // namespace tavlero

@@ -32,8 +32,6 @@ class QtUi : public Ui {
   float mainScaleWidth() const override;
   float mainScaleHeight() const override;
 
-  void endProgram() override;
-
  private:
   MainWindow* window_ = nullptr;
 };

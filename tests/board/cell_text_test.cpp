@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "board/cell_text.h"
-#include "board/test_surface.h"
+#include "test_surface.h"
 
 namespace tavlero {
 namespace {

@@ -2,6 +2,7 @@
 
 #include "board/compress.h"
 #include "core/record.h"
+#include "core/records.h"
 #include "test_support.h"
 
 namespace tavlero::testing {
@@ -27,8 +28,8 @@ class Compression : public ::testing::TestWithParam<CompressCase> {};
 std::vector<Cell> positions(const ProjectStore& store) {
   std::vector<Cell> cells;
   for (const auto& record : store.itemList.items())
-    cells.push_back({static_cast<float>(textToNumber(getField(record, "positionX"))),
-                     static_cast<float>(textToNumber(getField(record, "positionY")))});
+    cells.push_back(
+        {toSingle(numberField(record, key::positionX)), toSingle(numberField(record, key::positionY))});
   return cells;
 }
 

@@ -1,17 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "board/board.h"
 #include "core/record.h"
+#include "core/records.h"
 #include "test_support.h"
 
 namespace tavlero {
 namespace {
 
 using testing::FakeWorld;
-
-float field(const std::string& geometry, const char* key) {
-  return static_cast<float>(textToNumber(getField(geometry, key)));
-}
 
 TEST(DrawCell, WritesTheGeometryOfTheBoxExample) {
   // Name lines 5 high, summary lines 3.5; characters 1.25 wide, so 25 characters make 31.25.
@@ -58,9 +57,9 @@ TEST_P(CellWidthTest, FollowsTheNameBetweenTheLimits) {
   world.addCell(name, 10, 10, "a summary far longer than any of the cells here, in many words");
   world.addCell("", 10, 10);
   drawCell(world.app, 0);
-  const std::string& g = world.app.store.sizeList.List(0);
-  EXPECT_FLOAT_EQ(field(g, "X2") - field(g, "X1"), c.width + 2);
-  EXPECT_GT(field(g, "Y2"), c.bottom) << "the summary adds its lines";
+  Box box = readBox(world.app.store.sizeList.List(0));
+  EXPECT_FLOAT_EQ(box.x2 - box.x1, c.width + 2);
+  EXPECT_GT(box.y2, c.bottom) << "the summary adds its lines";
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -78,8 +77,7 @@ TEST(DrawCell, RoundsPositionsToEvenAndLeavesTheRecord) {
   world.addCell("", 5, 5);
   redrawBoard(world.app);
   const auto& sizes = world.app.store.sizeList;
-  EXPECT_FLOAT_EQ(field(sizes.List(0), "X1"), 9);
-  EXPECT_FLOAT_EQ(field(sizes.List(0), "Y1"), 11);
+  EXPECT_EQ(std::tuple(readBox(sizes.List(0)).x1, readBox(sizes.List(0)).y1), std::tuple(9.0f, 11.0f));
   EXPECT_EQ(getField(world.app.store.itemList.List(0), "positionX"), " 10.5");
   EXPECT_EQ(getField(sizes.List(1), "X1"), "-1");
   // A cell without a name is not painted and keeps its placeholder, so it can't be hit.

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "board/board.h"
+#include "board/links.h"
 #include "core/record.h"
-#include "editing/links.h"
 #include "test_support.h"
 
 namespace tavlero {

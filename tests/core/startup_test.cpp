@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "core/cp1252.h"
-#include "core/startup.h"
+#include "program/startup.h"
 #include "test_support.h"
 
 namespace tavlero {

@@ -8,6 +8,7 @@
 
 #include "board/board.h"
 #include "core/record.h"
+#include "core/records.h"
 #include "test_support.h"
 
 namespace tavlero::testing {
@@ -53,13 +54,10 @@ class BoardTest : public ::testing::Test {
     redrawBoard(app);
     store.isSaved = true;
   }
-  float geometry(int16_t cell, const char* key) const {
-    return static_cast<float>(textToNumber(getField(store.sizeList.List(cell), key)));
-  }
   // The middle of a cell's or link's box.
-  static Point centreIn(const std::string& box) {
-    auto at = [&](const char* key) { return static_cast<float>(textToNumber(getField(box, key))); };
-    return {(at("X1") + at("X2")) / 2, (at("Y1") + at("Y2")) / 2};
+  static Point centreIn(const std::string& geometry) {
+    Box box = readBox(geometry);
+    return {(box.x1 + box.x2) / 2, (box.y1 + box.y2) / 2};
   }
   Point centreOf(int16_t cell) const { return centreIn(store.sizeList.List(cell)); }
   std::string field(int16_t cell, const char* key) const { return getField(store.itemList.List(cell), key); }

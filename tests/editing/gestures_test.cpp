@@ -76,7 +76,8 @@ TEST_P(DropTest, OnlyTheRectangleFollowsAndTheDropMovesTheCell) {
   const DropCase& d = GetParam();
   Point start = centreOf(a), end{start.x + d.byX, start.y + d.byY};
   press(1, 0, start);
-  EXPECT_EQ(app.demoRectangle.Width, geometry(a, "X2") - 10) << "measured from the stored position";
+  EXPECT_EQ(app.demoRectangle.Width, readBox(store.sizeList.List(a)).x2 - 10)
+      << "measured from the stored position";
   size_t mark = imageSize();
   move(1, {start.x + 7, start.y + 3});
   move(1, end);

@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "board_fixture.h"
 #include "core/record.h"
+#include "core/records.h"
 #include "editing/keys.h"
 
 namespace tavlero::testing {
@@ -15,8 +17,7 @@ namespace {
 using testing::PrintTo;
 
 std::string box(float x1, float y1, float x2, float y2) {
-  return "<X1>" + numberToText(x1) + "</X1><Y1>" + numberToText(y1) + "</Y1><X2>" + numberToText(x2) +
-         "</X2><Y2>" + numberToText(y2) + "</Y2>";
+  return buildGeometry(numberToText(x1), numberToText(y1), numberToText(x2), numberToText(y2));
 }
 
 struct HitCase {
@@ -31,9 +32,10 @@ class HitTest : public ::testing::TestWithParam<HitCase> {};
 
 TEST_P(HitTest, FindsTheLowestEntryAtThePoint) {
   const HitCase& c = GetParam();
-  ProjectStore store;
+  FakeWorld world;
+  ProjectStore& store = world.app.store;
   for (const auto& record : c.records) (c.link ? store.linkSizeList : store.sizeList).AddItem(record);
-  EXPECT_EQ(c.link ? findLinkAt(store, c.x, c.y) : findCellAt(store, c.x, c.y), c.expected);
+  EXPECT_EQ(c.link ? findLinkAt(world.app, c.x, c.y) : findCellAt(world.app, c.x, c.y), c.expected);
 }
 
 const std::string kCell = box(10, 20, 40, 50), kOver = box(30, 40, 90, 90),
@@ -78,10 +80,17 @@ TEST(FindCellAtBoard, OverlappingCellsFollowTheRedraw) {
   ProjectStore& store = world.app.store;
   store.itemList.setList(5, setField(store.itemList.List(5), "positionX", numberToText(210.0f)));
   redrawBoard(world.app);
-  ASSERT_EQ(findCellAt(store, 215, 12), 2);
+  ASSERT_EQ(findCellAt(world.app, 215, 12), 2);
   store.selectedCell = 2;
   canvas_KeyDown(world.app, 46, 0);
-  EXPECT_EQ(findCellAt(store, 215, 12), 4);
+  EXPECT_EQ(findCellAt(world.app, 215, 12), 4);
+  // A geometry list taken whole from another store, of the same length, is new to the index.
+  FakeWorld other;
+  for (int i = 0; i < 5; ++i)
+    other.addCell("far" + std::to_string(i), 1000.0f * static_cast<float>(i + 1), 10);
+  redrawBoard(other.app);
+  store.sizeList = other.app.store.sizeList;
+  EXPECT_EQ(std::tuple(findCellAt(world.app, 215, 12), findCellAt(world.app, 1005, 12)), std::tuple(-1, 0));
 }
 
 }  // namespace

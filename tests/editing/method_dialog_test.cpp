@@ -47,9 +47,9 @@ TEST_F(MethodDialogTest, ADoubleClickOnEmptyBoardAddsACellWhereThePointerWas) {
                 "<methodName>ny</methodName>" + kSep + "<shortDescription>Leser fila.</shortDescription>" +
                 kSep + "<cellColor> 16711680</cellColor>" + kSep + "<cellFillStyle> 5</cellFillStyle>");
   // The board was redrawn: the new cell is found where it was added.
-  EXPECT_EQ(
-      std::tuple(store.getLongDescription(3), findCellAt(store, 155, 75), store.selectedCell, store.isSaved),
-      std::tuple("Linje 1\r\nLinje 2", 3, -1, false));
+  EXPECT_EQ(std::tuple(store.getLongDescription(3), findCellAt(world.app, 155, 75), store.selectedCell,
+                       store.isSaved),
+            std::tuple("Linje 1\r\nLinje 2", 3, -1, false));
 }
 
 TEST_F(MethodDialogTest, EditingRenamesTheLinksAndKeepsTheStoredTexts) {

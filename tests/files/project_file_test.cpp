@@ -57,7 +57,7 @@ TEST_P(ReadAndCheck, GiveWhatTheExpectedFileSays) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, ReadAndCheck, ::testing::ValuesIn(readCases()),
-                         [](const auto& info) { return info.param; });
+                         [](const auto& test) { return test.param; });
 
 long entriesIn(const std::string& folder) {
   return std::distance(std::filesystem::directory_iterator(folder), {});

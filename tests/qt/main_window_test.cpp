@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
+#include <filesystem>
 #include <functional>
 
 #include "board/compress.h"
@@ -21,16 +22,19 @@
 namespace tavlero {
 namespace {
 
-// main shown and active, with the board read.
+// main shown and active, with the board read, in a folder of its own for the pages that
+// the menus write.
 class WindowTest : public ::testing::Test, protected testing::QtWorld {
  protected:
   void SetUp() override {
+    std::filesystem::current_path(pageFolder.path());
     startCanvas();
     ASSERT_TRUE(readBoard());
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   }
+  void TearDown() override { std::filesystem::current_path(previous); }
 
   // Every entry of the menu bar, each menu before its own entries.
   static QList<QAction*> entries(const QList<QAction*>& actions) {
@@ -55,6 +59,8 @@ class WindowTest : public ::testing::Test, protected testing::QtWorld {
     QCoreApplication::sendEvent(&widget, &event);
   }
 
+  testing::TempDir pageFolder;
+  const std::filesystem::path previous = std::filesystem::current_path();
   MainWindow window{app, canvas};
   CanvasWidget& widget = window.canvas();
 };
@@ -176,7 +182,7 @@ TEST_F(WindowTest, ClosingWithUnsavedWorkMayBeCancelled) {
 }
 
 TEST_F(WindowTest, PressesReachTheBoardInBoardUnits) {
-  for (int16_t cell : {1, 2}) {
+  for (int16_t cell : {int16_t{1}, int16_t{2}}) {
     click(centreOf(cell));
     EXPECT_EQ(app.store.selectedCell, cell);
   }
@@ -220,7 +226,7 @@ TEST_F(WindowTest, TheCanvasPaintsTheBoardInViewFarPanned) {
   canvas.Move(-static_cast<float>((solid.x() - 100) * 25.4 / 96), 0);
   ASSERT_LT(widget.x(), -200000);
   QImage shown = widget.grab(QRect(-widget.x(), 0, 967, 656)).toImage();
-  EXPECT_EQ(shown.pixelColor(QPoint(130, solid.y() + 5)), QColor(0, 0, 255));
+  EXPECT_EQ(shown.pixelColor(QPoint(130, static_cast<int>(solid.y() + 5))), QColor(0, 0, 255));
   EXPECT_EQ(shown.pixelColor(QPoint(900, 600)), boardBackground());
 }
 

@@ -33,7 +33,8 @@ class QtSurfaceTest : public ::testing::Test, protected testing::QtWorld {
   }
 
   QPoint px(double x, double y) const {
-    return QPoint(std::floor(x * canvas.pixelsPerUnitX()), std::floor(y * canvas.pixelsPerUnitY()));
+    return QPointF(std::floor(x * canvas.pixelsPerUnitX()), std::floor(y * canvas.pixelsPerUnitY()))
+        .toPoint();
   }
 };
 

@@ -10,6 +10,7 @@
 #include "board/board.h"
 #include "core/app.h"
 #include "core/record.h"
+#include "core/records.h"
 #include "files/project_file.h"
 #include "qt/qt_surface.h"
 #include "qt_test_app.h"
@@ -33,10 +34,9 @@ struct QtWorld : FakePlatform {
 
   // The box of a cell as it was last drawn, in pixels of the canvas.
   QRectF cellPixels(int16_t cell) const {
-    const std::string& geometry = app.store.sizeList.List(cell);
-    auto value = [&](const char* key) { return textToNumber(getField(geometry, key)); };
-    return QRectF(QPointF(value("X1") * canvas.pixelsPerUnitX(), value("Y1") * canvas.pixelsPerUnitY()),
-                  QPointF(value("X2") * canvas.pixelsPerUnitX(), value("Y2") * canvas.pixelsPerUnitY()));
+    Box box = readBox(app.store.sizeList.List(cell));
+    return QRectF(QPointF(box.x1 * canvas.pixelsPerUnitX(), box.y1 * canvas.pixelsPerUnitY()),
+                  QPointF(box.x2 * canvas.pixelsPerUnitX(), box.y2 * canvas.pixelsPerUnitY()));
   }
 
   QtSurface canvas{96};

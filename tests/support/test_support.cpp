@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "core/record.h"
+#include "core/records.h"
 
 namespace tavlero::testing {
 
@@ -122,23 +123,18 @@ std::unique_ptr<AboutView> FakeForms::makeAboutForm() {
 int16_t FakeWorld::addCell(const std::string& name, float x, float y, const std::string& summary,
                            int32_t color, int32_t fill, const std::string& longDescription) {
   auto& store = app.store;
-  const std::string& sep = store.fieldSeparator;
-  std::string record = "<positionX>" + numberToText(x) + "</positionX>" + sep + "<positionY>" +
-                       numberToText(y) + "</positionY>" + sep + "<methodName>" + name + "</methodName>" +
-                       sep + "<shortDescription>" + summary + "</shortDescription>" + sep + "<cellColor>" +
-                       numberToText(color) + "</cellColor>" + sep + "<cellFillStyle>" + numberToText(fill) +
-                       "</cellFillStyle>";
-  store.itemList.AddItem(record);
+  CellFields cell{numberToText(x), numberToText(y), name, summary, numberToText(color), numberToText(fill)};
+  store.itemList.AddItem(buildCell(cell, store.fieldSeparator, store.fieldSeparator));
   auto index = static_cast<int16_t>(store.itemList.ListCount() - 1);
   store.setLongDescription(index, longDescription);
-  store.sizeList.AddItem("X1: 0 Y1: 0 X2: 0 Y2: 0");
+  store.sizeList.AddItem(std::string(kGeometryPlaceholder));
   return index;
 }
 
 int16_t FakeWorld::addLinkRecord(const std::string& source, const std::string& target) {
   auto& store = app.store;
-  store.linkList.AddItem("<linkSource>" + source + "</linkSource><linkTarget>" + target + "</linkTarget>");
-  store.linkSizeList.AddItem("<X1>0</X1><Y1>0</Y1><X2>0</X2><Y2>0</Y2>");
+  store.linkList.AddItem(buildLink(source, target));
+  store.linkSizeList.AddItem(std::string(kTaggedGeometryPlaceholder));
   return static_cast<int16_t>(store.linkList.ListCount() - 1);
 }
 

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "board/test_surface.h"
 #include "core/app.h"
-#include "core/startup.h"
+#include "program/startup.h"
+#include "test_surface.h"
 
 namespace tavlero::testing {
 
@@ -28,7 +28,6 @@ class FakeUi : public Ui {
   std::string captionText = "Tavlero";
   int pointer = kPointerDefault;
   bool enabled = true;
-  bool ended = false;
   float clientWidth = twipsToMillimetres(kMainClientWidthTwips);
   float clientHeight = twipsToMillimetres(kMainClientHeightTwips);
 
@@ -46,7 +45,6 @@ class FakeUi : public Ui {
   void demoRectangleChanged() override {}
   float mainScaleWidth() const override { return clientWidth; }
   float mainScaleHeight() const override { return clientHeight; }
-  void endProgram() override { ended = true; }
 };
 
 // Answers ShowOpen/ShowSave from queues of full paths; an empty string, or an empty
@@ -176,7 +174,8 @@ struct FakeWorld : FakePlatform {
   // Appends a cell record the way the method dialog builds one, with its geometry
   // placeholder and long description; returns its index.
   int16_t addCell(const std::string& name, float x, float y, const std::string& summary = "",
-                  int32_t color = 16777215, int32_t fill = 0, const std::string& longDescription = "");
+                  int32_t color = defaults::cellColor, int32_t fill = defaults::fillStyle,
+                  const std::string& longDescription = "");
   // Appends a fresh link record with the placeholder geometry.
   int16_t addLinkRecord(const std::string& source, const std::string& target);
 };

@@ -1,9 +1,9 @@
 #pragma once
-// A surface with fixed, predictable text metrics for tests, benchmarks and the headless
-// tool's text work: every character is charWidth board units wide and a line is
-// lineHeight high, whatever the font. What was drawn is in Image().
+// A surface with fixed, predictable text metrics for the tests and the benchmarks: every
+// character is charWidth board units wide and a line is lineHeight high, whatever the
+// font. What was drawn is in Image().
 
-#include "board/surface.h"
+#include "platform/surface.h"
 
 namespace tavlero {
 

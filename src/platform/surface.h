@@ -6,10 +6,12 @@
 #include <cstdint>
 #include <string>
 
-#include "board/display_list.h"
+#include "platform/display_list.h"
 
 namespace tavlero {
 
+// The capitalised members keep the drawing names that the handlers are written in (and
+// "Color" with them); setters and the lower-case members are this program's own.
 class Surface {
  public:
   virtual ~Surface() = default;

@@ -1,4 +1,4 @@
-#include "core/startup.h"
+#include "program/startup.h"
 
 #include <filesystem>
 
@@ -23,26 +23,26 @@ bool Form_Load(App& app, const std::string& programPath, const std::string& comm
   store.settingsPath = settingsPath.empty() ? store.appFolder + "tavlero.cfg" : settingsPath;
   store.commandLine = commandLine;
   store.clearLongDescriptions();
-  store.zoomFactor = 2.0f;
-  store.minimumCellWidth = 25.0f;
-  store.maximumCellWidth = 50.0f;
-  store.nameFontSize = 6;
-  store.infoFontSize = 4;
+  store.zoomFactor = defaults::zoomFactor;
+  store.minimumCellWidth = defaults::minimumCellWidth;
+  store.maximumCellWidth = defaults::maximumCellWidth;
+  store.nameFontSize = defaults::nameFontSize;
+  store.infoFontSize = defaults::infoFontSize;
   canvas.setDrawWidth(1);
-  store.fontName = "Arial";
+  store.fontName = defaults::fontName;
   store.selectedCell = -1;
   store.selectedLink = -1;
-  store.currentColor = 16777215;
-  store.currentFillStyle = 0;
+  store.currentColor = defaults::cellColor;
+  store.currentFillStyle = defaults::fillStyle;
   store.doubleDraw = true;
-  store.htmlTableColumns = 5;
-  store.fieldSeparator = "\r\n\t";
+  store.htmlTableColumns = defaults::htmlTableColumns;
+  store.fieldSeparator = defaults::fieldSeparator;
   app.ui.DoEvents();
   canvas.setWidth(app.ui.mainScaleWidth());
   canvas.setHeight(app.ui.mainScaleHeight());
   store.isSaved = true;
-  store.actionKey = "k";
-  store.quoteChar = "\"";
+  store.actionKey = defaults::actionKey;
+  store.quoteChar = defaults::quoteChar;
   loadSettings(app);
   // The pair sets the scale of the canvas (a unit of zoomFactor millimetres) and draws
   // the empty board; the zoom ends where it began.

@@ -1,4 +1,4 @@
-#include "board/surface.h"
+#include "platform/surface.h"
 
 #include <cmath>
 

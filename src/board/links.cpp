@@ -1,10 +1,11 @@
-#include "editing/links.h"
+#include "board/links.h"
 
 #include <string>
 #include <vector>
 
 #include "core/cp1252.h"
 #include "core/record.h"
+#include "core/records.h"
 
 namespace tavlero {
 
@@ -13,9 +14,8 @@ void addLink(App& app, int16_t source, int16_t target) {
   ProjectStore& store = app.store;
   // A refused duplicate still counts as a change; a refused self link does not.
   store.markChanged();
-  std::string record = "<linkSource>" + getField(store.itemList.List(source), "methodName") +
-                       "</linkSource><linkTarget>" + getField(store.itemList.List(target), "methodName") +
-                       "</linkTarget>";
+  std::string record = buildLink(getField(store.itemList.List(source), key::methodName),
+                                 getField(store.itemList.List(target), key::methodName));
   for (const std::string& existing : store.linkList.items())
     if (existing == record) return;
   if (store.linkList.ListCount() >= ProjectStore::kMaxLinks) {
@@ -26,7 +26,7 @@ void addLink(App& app, int16_t source, int16_t target) {
     return;
   }
   store.linkList.AddItem(std::move(record));
-  store.linkSizeList.AddItem("<X1>0</X1><Y1>0</Y1><X2>0</X2><Y2>0</Y2>");
+  store.linkSizeList.AddItem(std::string(kTaggedGeometryPlaceholder));
 }
 
 void removeBlankLinks(App& app) {

@@ -1,4 +1,4 @@
-#include "board/display_list.h"
+#include "platform/display_list.h"
 
 #include <algorithm>
 #include <cmath>

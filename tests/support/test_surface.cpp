@@ -1,4 +1,4 @@
-#include "board/test_surface.h"
+#include "test_surface.h"
 
 #include <algorithm>
 
