@@ -9,6 +9,7 @@ packages=(
   fonts-liberation fontconfig
   xvfb xauth x11-utils xdotool
   libgtest-dev libgmock-dev libbenchmark-dev
+  libgumbo-dev qt6-translations-l10n
 )
 if [[ "${1:-}" == "--fuzz" ]]; then
   packages+=(clang libclang-rt-14-dev)
