@@ -52,24 +52,28 @@ size_t countFrom(std::string_view text, size_t offset, std::string_view tag) {
   return count;
 }
 
-// Elements behind the place where a loop ended: each closing tag ends one, and an empty
-// element held nothing to lose.
-size_t lostBehind(std::string_view text, size_t offset, const std::string& key) {
-  return countFrom(text, offset, "</" + key + ">") - countFrom(text, offset, "<" + key + "></" + key + ">");
-}
-
 struct ElementKind {
   std::string key;
-  const char* some;  // "metode(r)"
-  const char* many;  // "metoder"
-  int16_t limit;     // what a plan holds
+  const char* some;   // "metode(r)"
+  const char* many;   // "metoder"
+  int16_t limit;      // what a plan holds
+  size_t skipBehind;  // what the reader skips behind a closing tag
 };
+
+// Elements behind the place where a loop ended: each opening tag starts one, also one whose
+// first character the reader skipped, and an empty element held nothing to lose. Closing
+// tags would count the rest of an element cut short by a typed closing tag once more.
+size_t lostBehind(std::string_view text, size_t offset, const ElementKind& kind) {
+  size_t from = offset < kind.skipBehind ? 0 : offset - kind.skipBehind;
+  return countFrom(text, from, "<" + kind.key + ">") -
+         countFrom(text, from, "<" + kind.key + "></" + kind.key + ">");
+}
 
 // Where a loop ended: the elements an empty or broken one cut off, and those beyond what a
 // plan can hold.
 void reportLoopEnd(Report& report, std::string_view text, const ElementKind& kind, size_t offset,
                    size_t count) {
-  if (size_t lost = lostBehind(text, offset, kind.key); lost > 0)
+  if (size_t lost = lostBehind(text, offset, kind); lost > 0)
     report.add("Et tomt eller ødelagt "_cp + kind.key + "-element avslutter lesingen; " +
                std::to_string(lost) + " " + kind.some + " bak det blir ikke lest.");
   if (count > static_cast<size_t>(kind.limit))
@@ -104,7 +108,8 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
       report.add(label + " har ingen <longDescription>; trolig står '</userMethod>' i en tekst."_cp);
     else if (!parts.closedLongDescription)
       report.add(label + " mangler '</longDescription>'.");
-    else if (parts.record.find("</longDescription>") != std::string::npos)
+    else if (parts.record.find("</longDescription>") != std::string::npos &&
+             element.find("</longDescription>") > element.find("<longDescription"))
       report.add(label + ": den lange beskrivelsen inneholder '</longDescription>'; resten havner i posten.");
     report.typedTags(label + ": navnet", name);
     report.typedTags(label + ": sammendraget", getField(parts.record, "shortDescription"));
@@ -118,7 +123,8 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
       report.add(label + ": '</userMethod>' står rett foran '<userMethod>', så metoden bak går tapt."_cp);
     if (number <= static_cast<size_t>(ProjectStore::kMaxMethods)) names.insert(name);
   }
-  reportLoopEnd(report, text, {"userMethod", "metode(r)", "metoder", ProjectStore::kMaxMethods},
+  reportLoopEnd(report, text,
+                {"userMethod", "metode(r)", "metoder", ProjectStore::kMaxMethods, kSkipBehindMethod},
                 scanner.offset(), number);
   return names;
 }
@@ -135,7 +141,8 @@ void checkLinks(Report& report, std::string_view text, const std::unordered_set<
                    "' er ingen metode, og koblingen blir fjernet.");
     }
   }
-  reportLoopEnd(report, text, {"userLink", "kobling(er)", "koblinger", ProjectStore::kMaxLinks},
+  reportLoopEnd(report, text,
+                {"userLink", "kobling(er)", "koblinger", ProjectStore::kMaxLinks, kSkipBehindLink},
                 scanner.offset(), number);
 }
 
