@@ -1,6 +1,10 @@
 // The export commands of the headless tool: text, html, info and picture. Each writes
 // the bytes the program's own command writes, to the path given instead of a chosen one.
 
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+
 #include "cli.h"
 #include "core/cp1252.h"
 #include "core/record.h"
@@ -59,7 +63,12 @@ int picture(Session& session, std::vector<std::string>& args) {
   if (!twoPaths(args)) return usageError("picture tar IN.tvl OUT.bmp.");
   if (!session.open(args[0])) return kExitFailure;
   std::string reason;
-  if (session.app().pictures.SavePicture(session.app().canvas, args[1], reason)) return kExitDone;
+  // The desktop menu always writes BMP; here a name ending in .png asks for PNG.
+  std::string suffix = std::filesystem::path(args[1]).extension().string();
+  std::transform(suffix.begin(), suffix.end(), suffix.begin(),
+                 [](unsigned char c) { return std::tolower(c); });
+  const PictureFormat format = suffix == ".png" ? PictureFormat::Png : PictureFormat::Bmp;
+  if (session.app().pictures.SavePicture(session.app().canvas, args[1], format, reason)) return kExitDone;
   showExportFailure(session.app(), args[1], reason);
   return kExitFailure;
 }
