@@ -7,6 +7,8 @@ namespace tavlero {
 
 void DisplayList::clear() {
   ops_.clear();
+  replaced_.clear();
+  lastPrint_.clear();
   texts_.clear();
   fonts_.clear();
   grid_.clear();
@@ -15,7 +17,20 @@ void DisplayList::clear() {
 }
 
 void DisplayList::add(const DrawOp& op) {
+  const auto index = static_cast<uint32_t>(ops_.size());
   ops_.push_back(op);
+  replaced_.push_back(false);
+  if (op.kind != DrawKind::Text) return;
+  std::string place(reinterpret_cast<const char*>(&op.x1), sizeof op.x1);
+  place.append(reinterpret_cast<const char*>(&op.y1), sizeof op.y1);
+  const FontSpec& font = fonts_[op.font];
+  place.append(reinterpret_cast<const char*>(&font.Size), sizeof font.Size);
+  place += font.Bold ? 'B' : 'N';
+  place += font.Name + '\0' + texts_[op.text];
+  auto [earlier, isNew] = lastPrint_.try_emplace(std::move(place), index);
+  if (isNew) return;
+  replaced_[earlier->second] = true;
+  earlier->second = index;
 }
 
 uint32_t DisplayList::addText(std::string text) {
@@ -76,6 +91,7 @@ std::vector<uint32_t> DisplayList::query(const BoardRect& area) const {
   rebuildIndexIfNeeded();
   std::vector<uint32_t> found;
   auto meets = [&](uint32_t i) {
+    if (replaced_[i]) return false;
     BoardRect r = bounds(ops_[i]);
     return r.right >= area.left && r.left <= area.right && r.bottom >= area.top && r.top <= area.bottom;
   };
