@@ -13,6 +13,7 @@
 #include <limits>
 
 #include "core/cp1252.h"
+#include "export/browser_html.h"
 #include "export/info_dialogs.h"
 #include "export/info_view.h"
 #include "qt/dialog_support.h"
@@ -109,8 +110,10 @@ QVariant InfoBrowser::loadResource(int type, const QUrl& name) {
   if (type != QTextDocument::HtmlResource) return QTextBrowser::loadResource(type, name);
   QFile file(name.toLocalFile());
   if (!file.open(QIODevice::ReadOnly)) return {};
-  // The page declares no character set: it is in the program's own 8-bit text.
-  return fromCp1252(file.readAll().toStdString());
+  // The page declares no character set: it is in the program's own 8-bit text. Qt's own
+  // reader takes "a < b" for a tag and drops the text behind it, so it gets the page as a
+  // browser's parser reads it, written back well-formed.
+  return fromCp1252(browserHtml(file.readAll().toStdString()));
 }
 
 MethodInfoDialog::MethodInfoDialog(App& app, QWidget* parent)

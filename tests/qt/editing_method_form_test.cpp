@@ -108,15 +108,20 @@ TEST_F(DesktopTest, ABoardSessionThroughTheWindow) {
   EXPECT_EQ(store.itemList.ListCount(), 0);
 }
 
-// The page exists while the view is open, whether OK or the frame closes it.
+// The page exists while the view is open, whether OK or the frame closes it, and the
+// view shows its text as a browser does, "<" and all.
 TEST_F(DesktopTest, InfoViewShowsThePageUntilItIsClosed) {
   testing::TempDir folder;
   const fs::path previous = fs::current_path(), page = folder.file("TavleroTemp.html");
   fs::current_path(folder.path());
   store.itemList.AddItem("<methodName>Les</methodName>");
+  store.setLongDescription(0, "Hvis a < b: bytt.\r\nReturner a + b.");
+  store.selectedCell = 0;
   showMethodInfo(app);
   EXPECT_TRUE(fs::exists(page));
   MethodInfoDialog* dialog = dynamic_cast<QtMethodInfoForm&>(*app.methodInfoForm).dialog();
+  const QString shown = dialog->methodInfoBox->toPlainText();
+  EXPECT_TRUE(shown.contains(QStringLiteral("Hvis a < b: bytt.\nReturner a + b."))) << shown.toStdString();
   QTest::mouseClick(dialog->command1, Qt::LeftButton);
   EXPECT_FALSE(dialog->isVisible());
   EXPECT_FALSE(fs::exists(page));
