@@ -23,7 +23,9 @@ namespace tavlero {
 
 ForwardingDialog::ForwardingDialog(App& app, QWidget* parent, Qt::WindowFlags flags, Handler onClose,
                                    Handler onEscape)
-    : QDialog(parent, flags), app_(app), onClose_(onClose), onEscape_(onEscape) {}
+    : QDialog(parent, flags), app_(app), onClose_(onClose), onEscape_(onEscape) {
+  setFont(dialogFont());
+}
 
 void ForwardingDialog::reject() {
   if (onEscape_) onEscape_(app_);
