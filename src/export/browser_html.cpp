@@ -223,7 +223,10 @@ class Writer {
     for (unsigned i = 0; i < element.attributes.length; ++i) {
       const auto* attribute = static_cast<const GumboAttribute*>(element.attributes.data[i]);
       if (!isPlainName(attribute->name)) continue;
-      out_ += std::string(" ") + attribute->name + "=\"";
+      out_ += std::string(" ") + attribute->name;
+      // Bare, as "<table border>": Qt's reader takes an empty value for none at all.
+      if (*attribute->value == '\0') continue;
+      out_ += "=\"";
       escape(out_, attribute->value, true);
       out_ += '"';
     }
