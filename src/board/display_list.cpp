@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <string_view>
 
 namespace tavlero {
 
@@ -19,17 +21,21 @@ void DisplayList::clear() {
 void DisplayList::add(const DrawOp& op) {
   const auto index = static_cast<uint32_t>(ops_.size());
   ops_.push_back(op);
-  replaced_.push_back(false);
+  replaced_.push_back(0);
   if (op.kind != DrawKind::Text) return;
-  std::string place(reinterpret_cast<const char*>(&op.x1), sizeof op.x1);
-  place.append(reinterpret_cast<const char*>(&op.y1), sizeof op.y1);
+  // Keyed by a hash of place, font and text; a print whose hash meets a different one
+  // only takes the key over, which at worst leaves an earlier print in place.
   const FontSpec& font = fonts_[op.font];
-  place.append(reinterpret_cast<const char*>(&font.Size), sizeof font.Size);
-  place += font.Bold ? 'B' : 'N';
-  place += font.Name + '\0' + texts_[op.text];
-  auto [earlier, isNew] = lastPrint_.try_emplace(std::move(place), index);
+  size_t key = std::hash<std::string_view>()(texts_[op.text]);
+  for (size_t part : {std::hash<float>()(op.x1), std::hash<float>()(op.y1), std::hash<float>()(font.Size),
+                      std::hash<std::string_view>()(font.Name), size_t{font.Bold}})
+    key = key * 1000003 ^ part;
+  auto [earlier, isNew] = lastPrint_.try_emplace(key, index);
   if (isNew) return;
-  replaced_[earlier->second] = true;
+  const DrawOp& before = ops_[earlier->second];
+  if (before.x1 == op.x1 && before.y1 == op.y1 && fonts_[before.font] == font &&
+      texts_[before.text] == texts_[op.text])
+    replaced_[earlier->second] = 1;
   earlier->second = index;
 }
 

@@ -68,8 +68,8 @@ class DisplayList {
   void rebuildIndexIfNeeded() const;
 
   std::vector<DrawOp> ops_;
-  std::vector<bool> replaced_;                           // per operation: a text printed again later
-  std::unordered_map<std::string, uint32_t> lastPrint_;  // place, font and text -> operation
+  std::vector<uint8_t> replaced_;                   // per operation: a text printed again later
+  std::unordered_map<size_t, uint32_t> lastPrint_;  // hash of place, font and text -> operation
   std::vector<std::string> texts_;
   std::vector<FontSpec> fonts_;
   mutable std::unordered_map<int64_t, std::vector<uint32_t>> grid_;
