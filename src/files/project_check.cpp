@@ -93,6 +93,23 @@ void checkNumbers(Report& report, std::string_view text) {
   }
 }
 
+// The field in which a typed '</userMethod>' ended the element early: the one the element
+// opens and does not close, when that field's closing tag still follows before the next
+// method. Empty when the element ended at its own closing tag.
+std::string cutField(std::string_view element, std::string_view behind) {
+  const std::pair<std::string, const char*> fields[] = {{"methodName", "navnet"},
+                                                        {"shortDescription", "sammendraget"},
+                                                        {"longDescription", "den lange beskrivelsen"}};
+  for (const auto& [key, what] : fields) {
+    size_t opened = element.rfind("<" + key + ">");
+    if (opened == std::string_view::npos || element.find("</" + key + ">", opened) != std::string_view::npos)
+      continue;
+    size_t closed = behind.find("</" + key + ">");
+    if (closed != std::string_view::npos && closed < behind.find("<userMethod>")) return what;
+  }
+  return {};
+}
+
 // Reads the methods as the reader does and reports what it loses; gives the names read.
 std::unordered_set<std::string> checkMethods(Report& report, std::string_view text) {
   ElementScanner scanner(text, "userMethod", kSkipBehindMethod);
@@ -104,7 +121,10 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
     MethodParts parts = splitMethod(element);
     std::string name = getField(parts.record, "methodName");
     std::string label = methodLabel(number, name);
-    if (!parts.hasLongDescription)
+    const std::string_view behind = text.substr(scanner.offset() - kSkipBehindMethod);
+    if (std::string cut = cutField(element, behind); !cut.empty())
+      report.add(label + ": '</userMethod>' står i "_cp + cut + ", så resten av metoden går tapt."_cp);
+    else if (!parts.hasLongDescription)
       report.add(label + " har ingen <longDescription>; trolig står '</userMethod>' i en tekst."_cp);
     else if (!parts.closedLongDescription)
       report.add(label + " mangler '</longDescription>'.");
@@ -119,7 +139,7 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
       report.add(label + " har fylltype " + std::to_string(fill) + ", utenfor 0 til 7.");
     auto [first, isNew] = firstNumber.emplace(name, number);
     if (!isNew) report.add(label + " har samme navn som metode " + std::to_string(first->second) + ".");
-    if (text.substr(scanner.offset() - kSkipBehindMethod).starts_with("<userMethod>"))
+    if (behind.starts_with("<userMethod>"))
       report.add(label + ": '</userMethod>' står rett foran '<userMethod>', så metoden bak går tapt."_cp);
     if (number <= static_cast<size_t>(ProjectStore::kMaxMethods)) names.insert(name);
   }
