@@ -7,9 +7,11 @@
 
 #include "program/startup.h"
 #include "qt/desktop.h"
+#include "qt/norwegian.h"
 
 int main(int argc, char* argv[]) {
   QApplication application(argc, argv);
+  tavlero::installNorwegian(application);
   tavlero::Desktop desktop;
 
   // The arguments Qt left, as the native bytes they came in, joined by one blank.

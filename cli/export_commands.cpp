@@ -66,12 +66,13 @@ bool endsWith(const std::string& path, std::string_view suffix) {
                     [](char a, char b) { return a == std::tolower(static_cast<unsigned char>(b)); });
 }
 
-// A vector picture for an .svg or .pdf name, which has no size limit worth the name;
-// otherwise the bitmap that the menu writes.
+// A vector picture for an .svg or .pdf name, which has no size limit worth the name; PNG
+// for a .png name; otherwise the BMP that the menu always writes.
 bool savePicture(App& app, const std::string& path, std::string& reason) {
   if (endsWith(path, ".svg")) return saveVectorPicture(app.canvas, VectorFormat::Svg, path, reason);
   if (endsWith(path, ".pdf")) return saveVectorPicture(app.canvas, VectorFormat::Pdf, path, reason);
-  return app.pictures.SavePicture(app.canvas, path, reason);
+  const PictureFormat format = endsWith(path, ".png") ? PictureFormat::Png : PictureFormat::Bmp;
+  return app.pictures.SavePicture(app.canvas, path, format, reason);
 }
 
 int picture(Session& session, std::vector<std::string>& args) {

@@ -10,6 +10,7 @@ packages=(
   xvfb xauth x11-utils xdotool
   libgtest-dev libgmock-dev libbenchmark-dev
   libxml2-utils poppler-utils
+  libgumbo-dev qt6-translations-l10n
 )
 if [[ "${1:-}" == "--fuzz" ]]; then
   packages+=(clang libclang-rt-14-dev)

@@ -54,11 +54,14 @@ float layoutCellText(Surface& canvas, const std::string& text, float width, floa
   size_t fitting = 0;   // length of the last fitting line, a prefix of line
   float lineWidth = 0;  // width of line, exact when joins is 0
   int joins = 0;        // pieces added since line was last measured whole
+  bool first = true;
   for (std::string_view piece : splitPieces(text)) {
     line.append(piece);
     // A first piece wider than the cell has nothing to break off: it stays on the
-    // first line and reaches over the right side, with no empty line above it.
-    if (fitting == 0) {
+    // first line and reaches over the right side, with no empty line above it. Later,
+    // an empty fitting line (left by a double blank at a break) is printed like any other.
+    if (first) {
+      first = false;
       lineWidth = canvas.TextWidth(line);
       joins = 0;
     } else {

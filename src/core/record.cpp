@@ -151,15 +151,17 @@ double textToNumber(std::string_view text) {
     skip();
     if (i < text.size() && (text[i] == '+' || text[i] == '-')) exponent += text[i++];
     bool expDigit = false;
+    std::string expDigits;
     for (;;) {
       skip();
       if (i >= text.size() || !isDigit(text[i])) break;
-      // Enough digits to overflow any double; more would only slow strtod down.
-      if (exponent.size() < 8) exponent += text[i];
+      // Leading zeros carry no value; six significant digits already overflow any double,
+      // and more would only slow strtod down.
+      if ((text[i] != '0' || !expDigits.empty()) && expDigits.size() < 6) expDigits += text[i];
       expDigit = true;
       ++i;
     }
-    if (expDigit) clean += exponent;
+    if (expDigit) clean += exponent + (expDigits.empty() ? "0" : expDigits);
   }
   double result = std::strtod(clean.c_str(), nullptr);
   if (std::isinf(result))

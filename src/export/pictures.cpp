@@ -25,7 +25,8 @@ void saveBoardPicture(App& app) {
   auto path = chooseExportPath(app, "Punktgrafikk (*.bmp)|*.bmp", "*.bmp");
   if (!path) return;
   std::string reason;
-  if (!app.pictures.SavePicture(app.canvas, *path, reason)) showExportFailure(app, *path, reason);
+  if (!app.pictures.SavePicture(app.canvas, *path, PictureFormat::Bmp, reason))
+    showExportFailure(app, *path, reason);
 }
 
 void printproject_Click(App& app) {

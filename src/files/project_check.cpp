@@ -46,24 +46,28 @@ size_t countFrom(std::string_view text, size_t offset, std::string_view tag) {
   return count;
 }
 
-// Elements behind the place where a loop ended: each closing tag ends one, and an empty
-// element held nothing to lose.
-size_t lostBehind(std::string_view text, size_t offset, const std::string& key) {
-  return countFrom(text, offset, "</" + key + ">") - countFrom(text, offset, "<" + key + "></" + key + ">");
-}
-
 struct ElementKind {
   std::string key;
-  const char* some;  // "metode(r)"
-  const char* many;  // "metoder"
-  int16_t limit;     // what a plan holds
+  const char* some;   // "metode(r)"
+  const char* many;   // "metoder"
+  int16_t limit;      // what a plan holds
+  size_t skipBehind;  // what the reader skips behind a closing tag
 };
+
+// Elements behind the place where a loop ended: each opening tag starts one, also one whose
+// first character the reader skipped, and an empty element held nothing to lose. Closing
+// tags would count the rest of an element cut short by a typed closing tag once more.
+size_t lostBehind(std::string_view text, size_t offset, const ElementKind& kind) {
+  size_t from = offset < kind.skipBehind ? 0 : offset - kind.skipBehind;
+  return countFrom(text, from, "<" + kind.key + ">") -
+         countFrom(text, from, "<" + kind.key + "></" + kind.key + ">");
+}
 
 // Where a loop ended: the elements an empty or broken one cut off, and those beyond what a
 // plan can hold.
 void reportLoopEnd(Report& report, std::string_view text, const ElementKind& kind, size_t offset,
                    size_t count) {
-  if (size_t lost = lostBehind(text, offset, kind.key); lost > 0)
+  if (size_t lost = lostBehind(text, offset, kind); lost > 0)
     report.add("Et tomt eller ødelagt "_cp + kind.key + "-element avslutter lesingen; " +
                std::to_string(lost) + " " + kind.some + " bak det blir ikke lest.");
   if (count > static_cast<size_t>(kind.limit))
@@ -83,6 +87,25 @@ void checkNumbers(Report& report, std::string_view text) {
   }
 }
 
+// The field in which a typed '</userMethod>' ended the element early: the one the element
+// opens and does not close, when that field's closing tag still follows before the next
+// method. Empty when the element ended at its own closing tag.
+std::string cutField(std::string_view element, std::string_view behind) {
+  const std::pair<std::string_view, const char*> fields[] = {
+      {key::methodName, "navnet"},
+      {key::shortDescription, "sammendraget"},
+      {key::longDescription, "den lange beskrivelsen"}};
+  for (const auto& [field, what] : fields) {
+    const std::string open = "<" + std::string(field) + ">";
+    const std::string close = "</" + std::string(field) + ">";
+    size_t opened = element.rfind(open);
+    if (opened == std::string_view::npos || element.find(close, opened) != std::string_view::npos) continue;
+    size_t closed = behind.find(close);
+    if (closed != std::string_view::npos && closed < behind.find("<userMethod>")) return what;
+  }
+  return {};
+}
+
 // Reads the methods as the reader does and reports what it loses; gives the names read.
 std::unordered_set<std::string> checkMethods(Report& report, std::string_view text) {
   ElementScanner scanner(text, key::userMethod, kSkipBehindMethod);
@@ -94,11 +117,15 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
     MethodParts parts = splitMethod(element);
     std::string name = getField(parts.record, key::methodName);
     std::string label = methodLabel(number, name);
-    if (!parts.hasLongDescription)
+    const std::string_view behind = text.substr(scanner.offset() - kSkipBehindMethod);
+    if (std::string cut = cutField(element, behind); !cut.empty())
+      report.add(label + ": '</userMethod>' står i "_cp + cut + ", så resten av metoden går tapt."_cp);
+    else if (!parts.hasLongDescription)
       report.add(label + " har ingen <longDescription>; trolig står '</userMethod>' i en tekst."_cp);
     else if (!parts.closedLongDescription)
       report.add(label + " mangler '</longDescription>'.");
-    else if (parts.record.find("</longDescription>") != std::string::npos)
+    else if (parts.record.find("</longDescription>") != std::string::npos &&
+             element.find("</longDescription>") > element.find("<longDescription"))
       report.add(label + ": den lange beskrivelsen inneholder '</longDescription>'; resten havner i posten.");
     report.typedTags(label + ": navnet", name);
     report.typedTags(label + ": sammendraget", getField(parts.record, key::shortDescription));
@@ -108,13 +135,14 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
       report.add(label + " har fylltype " + std::to_string(fill) + ", utenfor 0 til 7.");
     auto [first, isNew] = firstNumber.emplace(name, number);
     if (!isNew) report.add(label + " har samme navn som metode " + std::to_string(first->second) + ".");
-    if (text.substr(scanner.offset() - kSkipBehindMethod).starts_with("<userMethod>"))
+    if (behind.starts_with("<userMethod>"))
       report.add(label + ": '</userMethod>' står rett foran '<userMethod>', så metoden bak går tapt."_cp);
     if (number <= static_cast<size_t>(ProjectStore::kMaxMethods)) names.insert(name);
   }
-  reportLoopEnd(report, text,
-                {std::string(key::userMethod), "metode(r)", "metoder", ProjectStore::kMaxMethods},
-                scanner.offset(), number);
+  reportLoopEnd(
+      report, text,
+      {std::string(key::userMethod), "metode(r)", "metoder", ProjectStore::kMaxMethods, kSkipBehindMethod},
+      scanner.offset(), number);
   return names;
 }
 
@@ -130,9 +158,10 @@ void checkLinks(Report& report, std::string_view text, const std::unordered_set<
                    "' er ingen metode, og koblingen blir fjernet.");
     }
   }
-  reportLoopEnd(report, text,
-                {std::string(key::userLink), "kobling(er)", "koblinger", ProjectStore::kMaxLinks},
-                scanner.offset(), number);
+  reportLoopEnd(
+      report, text,
+      {std::string(key::userLink), "kobling(er)", "koblinger", ProjectStore::kMaxLinks, kSkipBehindLink},
+      scanner.offset(), number);
 }
 
 // The lists as the reader fills them from text.

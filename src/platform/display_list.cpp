@@ -2,11 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <string_view>
 
 namespace tavlero {
 
 void DisplayList::clear() {
   ops_.clear();
+  replaced_.clear();
+  lastPrint_.clear();
   texts_.clear();
   fonts_.clear();
   grid_.clear();
@@ -15,7 +19,24 @@ void DisplayList::clear() {
 }
 
 void DisplayList::add(const DrawOp& op) {
+  const auto index = static_cast<uint32_t>(ops_.size());
   ops_.push_back(op);
+  replaced_.push_back(0);
+  if (op.kind != DrawKind::Text) return;
+  // Keyed by a hash of place, font and text; a print whose hash meets a different one
+  // only takes the key over, which at worst leaves an earlier print in place.
+  const FontSpec& font = fonts_[op.font];
+  size_t key = std::hash<std::string_view>()(texts_[op.text]);
+  for (size_t part : {std::hash<float>()(op.x1), std::hash<float>()(op.y1), std::hash<float>()(font.Size),
+                      std::hash<std::string_view>()(font.Name), size_t{font.Bold}})
+    key = key * 1000003 ^ part;
+  auto [earlier, isNew] = lastPrint_.try_emplace(key, index);
+  if (isNew) return;
+  const DrawOp& before = ops_[earlier->second];
+  if (before.x1 == op.x1 && before.y1 == op.y1 && fonts_[before.font] == font &&
+      texts_[before.text] == texts_[op.text])
+    replaced_[earlier->second] = 1;
+  earlier->second = index;
 }
 
 uint32_t DisplayList::addText(std::string text) {
@@ -76,6 +97,7 @@ std::vector<uint32_t> DisplayList::query(const BoardRect& area) const {
   rebuildIndexIfNeeded();
   std::vector<uint32_t> found;
   auto meets = [&](uint32_t i) {
+    if (replaced_[i]) return false;
     BoardRect r = bounds(ops_[i]);
     return r.right >= area.left && r.left <= area.right && r.bottom >= area.top && r.top <= area.bottom;
   };

@@ -49,8 +49,11 @@ class DisplayList {
   const FontSpec& font(uint32_t index) const { return fonts_[index]; }
   size_t size() const { return ops_.size(); }
 
-  // Indices of the operations whose bounds meet the rectangle, in drawing order.
-  // A coarse grid over the board keeps this proportional to what is visible.
+  // Indices of the operations whose bounds meet the rectangle, in drawing order, less
+  // the texts printed again later at the same place in the same font: a screen that
+  // smooths its letters would darken and fringe a text printed over itself, so the later
+  // print replaces the earlier, as it does on a screen that does not. A coarse grid over
+  // the board keeps this proportional to what is visible.
   std::vector<uint32_t> query(const BoardRect& area) const;
 
   // The bounds of one operation, widened by half a pen and, for text, by its extent.
@@ -65,6 +68,8 @@ class DisplayList {
   void rebuildIndexIfNeeded() const;
 
   std::vector<DrawOp> ops_;
+  std::vector<uint8_t> replaced_;                   // per operation: a text printed again later
+  std::unordered_map<size_t, uint32_t> lastPrint_;  // hash of place, font and text -> operation
   std::vector<std::string> texts_;
   std::vector<FontSpec> fonts_;
   mutable std::unordered_map<int64_t, std::vector<uint32_t>> grid_;

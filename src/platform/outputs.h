@@ -18,11 +18,15 @@ class Clipboard {
   virtual bool SetPicture(const Surface& canvas, std::string& error) = 0;
 };
 
+// The menu always writes BMP, whatever the name; PNG is for the headless tool.
+enum class PictureFormat { Bmp, Png };
+
 class PictureWriter {
  public:
   virtual ~PictureWriter() = default;
-  // Writes the whole retained picture of the canvas as BMP (PNG for a .png path).
-  virtual bool SavePicture(const Surface& canvas, const std::string& path, std::string& error) = 0;
+  // Writes the whole retained picture of the canvas in the given format.
+  virtual bool SavePicture(const Surface& canvas, const std::string& path, PictureFormat format,
+                           std::string& error) = 0;
 };
 
 class Printer {

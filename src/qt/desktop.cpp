@@ -1,7 +1,8 @@
 #include "qt/desktop.h"
 
 #include <QApplication>
-#include <QFont>
+
+#include "qt/dialog_support.h"
 
 namespace tavlero {
 
@@ -9,11 +10,8 @@ Desktop::Desktop(double dpi)
     : surface_(dpi),
       app_(surface_, Platform{ui_, dialog_, clipboard_, pictures_, printer_, forms_}),
       window_(app_, surface_) {
-  // The dialogs are laid out in twips for the classic 8-point dialog font; a larger
-  // default would clip their labels.
-  QFont dialogFont(QStringLiteral("Arial"));
-  dialogFont.setPointSize(8);
-  QApplication::setFont(dialogFont);
+  // Message boxes and menus in the dialogs' own font.
+  QApplication::setFont(dialogFont());
   ui_.attach(&window_);
   dialog_.setParent(&window_);
   printer_ = QtPrinter(&window_);

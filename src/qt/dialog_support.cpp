@@ -13,6 +13,12 @@ namespace {
 constexpr double kTwipsPerInch = 1440;
 }
 
+QFont dialogFont() {
+  QFont font(QStringLiteral("Arial"));
+  font.setPointSize(8);
+  return font;
+}
+
 int pixels(double twips) {
   return static_cast<int>(std::lround(twips / kTwipsPerInch * QtSurface::screenDpi()));
 }

@@ -3,6 +3,7 @@
 // the frame without minimise and maximise boxes, the CR LF line breaks of the logic's
 // texts, and showing without blocking and discarding from inside the dialog's own events.
 
+#include <QFont>
 #include <QPointer>
 #include <QString>
 #include <QWidget>
@@ -13,6 +14,10 @@ namespace tavlero {
 // A dialog with a title bar and the close box; without minimise and maximise buttons.
 constexpr Qt::WindowFlags kFixedDialog = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                                          Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+
+// The classic 8-point dialog font that the twips layout was measured for. Each dialog
+// sets it on itself, so a larger desktop font, even one given after start, cuts no label.
+QFont dialogFont();
 
 int pixels(double twips);
 float twips(int pixels);

@@ -13,6 +13,7 @@
 #include <limits>
 
 #include "core/cp1252.h"
+#include "export/browser_html.h"
 #include "export/info_dialogs.h"
 #include "export/info_view.h"
 #include "qt/dialog_support.h"
@@ -22,7 +23,9 @@ namespace tavlero {
 
 ForwardingDialog::ForwardingDialog(App& app, QWidget* parent, Qt::WindowFlags flags, Handler onClose,
                                    Handler onEscape)
-    : QDialog(parent, flags), app_(app), onClose_(onClose), onEscape_(onEscape) {}
+    : QDialog(parent, flags), app_(app), onClose_(onClose), onEscape_(onEscape) {
+  setFont(dialogFont());
+}
 
 void ForwardingDialog::reject() {
   if (onEscape_) onEscape_(app_);
@@ -109,8 +112,10 @@ QVariant InfoBrowser::loadResource(int type, const QUrl& name) {
   if (type != QTextDocument::HtmlResource) return QTextBrowser::loadResource(type, name);
   QFile file(name.toLocalFile());
   if (!file.open(QIODevice::ReadOnly)) return {};
-  // The page declares no character set: it is in the program's own 8-bit text.
-  return fromCp1252(file.readAll().toStdString());
+  // The page declares no character set: it is in the program's own 8-bit text. Qt's own
+  // reader takes "a < b" for a tag and drops the text behind it, so it gets the page as a
+  // browser's parser reads it, written back well-formed.
+  return fromCp1252(browserHtml(file.readAll().toStdString()));
 }
 
 MethodInfoDialog::MethodInfoDialog(App& app, QWidget* parent)

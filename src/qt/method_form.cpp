@@ -44,6 +44,7 @@ class TypedLengthLimit : public QObject {
 
 MethodDialog::MethodDialog(App& app, QWidget* parent) : QDialog(parent, kFixedDialog), app_(app) {
   setWindowTitle(QStringLiteral("Legg til ny metode"));
+  setFont(dialogFont());
   // Made in the tab order: OK, Avbryt, then the three texts; labels take no focus.
   command2 = new QPushButton(QStringLiteral("&OK"), this);
   command1 = new QPushButton(QStringLiteral("Avbryt"), this);

@@ -3,8 +3,10 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QStringList>
 
+#include "files/file_names.h"
 #include "qt/qt_surface.h"
 
 namespace tavlero {
@@ -24,6 +26,29 @@ QStringList nameFilters(const std::string& filter) {
   }
   return filters;
 }
+
+// Qt's own dialog takes a name in a missing folder; this one asks the logic first, says
+// why it refuses, and stays open as the dialog of the Flags does.
+class CheckedFileDialog : public QFileDialog {
+ public:
+  CheckedFileDialog(QWidget* parent, const QString& caption, int32_t flags)
+      : QFileDialog(parent, caption), flags_(flags) {}
+
+  void accept() override {
+    const QStringList chosen = selectedFiles();
+    if (!chosen.isEmpty()) {
+      std::string why = refusedFileName(flags_, QFile::encodeName(chosen.first()).toStdString());
+      if (!why.empty()) {
+        QMessageBox::warning(this, windowTitle(), fromCp1252(why));
+        return;
+      }
+    }
+    QFileDialog::accept();
+  }
+
+ private:
+  int32_t flags_;
+};
 }  // namespace
 
 bool QtCommonDialog::ShowOpen() {
@@ -35,7 +60,7 @@ bool QtCommonDialog::ShowSave() {
 }
 
 bool QtCommonDialog::show(bool save) {
-  QFileDialog dialog(parent_, save ? QStringLiteral("Lagre som") : QString::fromUtf8("Åpne"));
+  CheckedFileDialog dialog(parent_, save ? QStringLiteral("Lagre som") : QString::fromUtf8("Åpne"), Flags);
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);

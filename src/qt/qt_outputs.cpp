@@ -42,14 +42,14 @@ bool QtClipboard::SetPicture(const Surface& canvas, std::string& error) {
   return true;
 }
 
-bool QtPictureWriter::SavePicture(const Surface& canvas, const std::string& path, std::string& error) {
+bool QtPictureWriter::SavePicture(const Surface& canvas, const std::string& path, PictureFormat format,
+                                  std::string& error) {
   QImage picture = boardImage(canvas, error);
   if (picture.isNull()) return false;
-  const bool png = QString::fromStdString(path).endsWith(QStringLiteral(".png"), Qt::CaseInsensitive);
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
-  if (!picture.save(&buffer, png ? "PNG" : "BMP")) {
+  if (!picture.save(&buffer, format == PictureFormat::Png ? "PNG" : "BMP")) {
     error = "Bildet kunne ikke lages.";
     return false;
   }

@@ -19,7 +19,8 @@ class QtClipboard : public Clipboard {
 class QtPictureWriter : public PictureWriter {
  public:
   // BMP, or PNG for a path that ends in ".png".
-  bool SavePicture(const Surface& canvas, const std::string& path, std::string& error) override;
+  bool SavePicture(const Surface& canvas, const std::string& path, PictureFormat format,
+                   std::string& error) override;
 };
 
 class QtPrinter : public Printer {

@@ -66,7 +66,9 @@ INSTANTIATE_TEST_SUITE_P(
                       LayoutCase{"ab   cd", 3, {"ab ", " cd"}},
                       // A wide piece stands alone; as the first piece it gets no empty line above.
                       LayoutCase{"ab averyverylongword cd", 5, {"ab ", "averyverylongword ", "cd"}},
-                      LayoutCase{"averyverylongword", 5, {"averyverylongword"}}));
+                      LayoutCase{"averyverylongword", 5, {"averyverylongword"}},
+                      // Later, an empty fitting line left by a double blank is printed.
+                      LayoutCase{"abc  defgh ij", 4, {"abc ", "", "defgh ", "ij"}}));
 
 // Pairs across a join are kerned, so a line is not the sum of its pieces: the breaks must
 // still be those of measuring every line whole.
@@ -84,7 +86,7 @@ TEST(LayoutCellText, BreaksAsMeasuringTheWholeLineWouldWithKerning) {
     std::string line, fitting;
     for (int16_t i = 1; i <= countTextPieces(text); ++i) {
       line += textPiece(text, i);
-      if (!fitting.empty() && canvas.TextWidth(line) > width) {
+      if (i > 1 && canvas.TextWidth(line) > width) {
         lines.push_back(fitting);
         line.erase(0, fitting.size());
         if (!line.empty() && line.front() == ' ') line.erase(0, 1);

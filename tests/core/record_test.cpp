@@ -91,15 +91,17 @@ INSTANTIATE_TEST_SUITE_P(
                       FloatCase{1e20, true, " 1E+20"},
                       FloatCase{123456789012345.0, true, " 123456789012345"}));
 
+// An exponent's leading zeros do not count towards its digits ("1E00000002" is 100).
 TEST(TextToNumber, NeverFails) {
   struct Case {
     const char* text;
     double expected;
-  } cases[] = {{" 25", 25},       {"25abc", 25},  {"1,5", 1},      {"abc", 0},
-               {"X1: 0", 0},      {"", 0},        {"-.25", -0.25}, {"1 2 3", 123},
-               {"\t\n 4\t2", 42}, {"1.5.5", 1.5}, {"2E3", 2000},   {"2d-2", 0.02},
-               {"1e", 1},         {"-", 0},       {".", 0},        {" 1.234568E+07", 12345680},
-               {"+7", 7},         {"5 e 1", 50},  {"\r5", 0}};
+  } cases[] = {{" 25", 25},         {"25abc", 25},  {"1,5", 1},      {"abc", 0},
+               {"X1: 0", 0},        {"", 0},        {"-.25", -0.25}, {"1 2 3", 123},
+               {"\t\n 4\t2", 42},   {"1.5.5", 1.5}, {"2E3", 2000},   {"2d-2", 0.02},
+               {"1e", 1},           {"-", 0},       {".", 0},        {" 1.234568E+07", 12345680},
+               {"+7", 7},           {"5 e 1", 50},  {"\r5", 0},      {"1E00000002", 100},
+               {"5d-00000001", .5}, {"3e000", 3}};
   for (const auto& c : cases) EXPECT_DOUBLE_EQ(textToNumber(c.text), c.expected) << '"' << c.text << '"';
 }
 

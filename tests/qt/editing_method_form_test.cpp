@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
@@ -19,6 +20,7 @@
 #include "export/info_dialogs.h"
 #include "export/info_view.h"
 #include "qt/desktop.h"
+#include "qt/info_forms.h"
 #include "qt/method_form.h"
 #include "qt/qt_forms.h"
 #include "qt_test_app.h"
@@ -108,15 +110,20 @@ TEST_F(DesktopTest, ABoardSessionThroughTheWindow) {
   EXPECT_EQ(store.itemList.ListCount(), 0);
 }
 
-// The page exists while the view is open, whether OK or the frame closes it.
+// The page exists while the view is open, whether OK or the frame closes it, and the
+// view shows its text as a browser does, "<" and all.
 TEST_F(DesktopTest, InfoViewShowsThePageUntilItIsClosed) {
   testing::TempDir folder;
   const fs::path previous = fs::current_path(), page = folder.file("TavleroTemp.html");
   fs::current_path(folder.path());
   store.itemList.AddItem("<methodName>Les</methodName>");
+  store.setLongDescription(0, "Hvis a < b: bytt.\r\nReturner a + b.");
+  store.selectedCell = 0;
   showMethodInfo(app);
   EXPECT_TRUE(fs::exists(page));
   MethodInfoDialog* dialog = dynamic_cast<QtMethodInfoForm&>(*app.methodInfoForm).dialog();
+  const QString shown = dialog->methodInfoBox->toPlainText();
+  EXPECT_TRUE(shown.contains(QStringLiteral("Hvis a < b: bytt.\nReturner a + b."))) << shown.toStdString();
   QTest::mouseClick(dialog->command1, Qt::LeftButton);
   EXPECT_FALSE(dialog->isVisible());
   EXPECT_FALSE(fs::exists(page));
@@ -129,6 +136,32 @@ TEST_F(DesktopTest, InfoViewShowsThePageUntilItIsClosed) {
   EXPECT_FALSE(fs::exists(page));
   EXPECT_TRUE(desktop.window().inputEnabled());
   fs::current_path(previous);
+}
+
+// The dialogs are laid out for their 8-point font: whatever font the desktop gives the
+// program, later too, no label is cut or covered by the box beside it.
+TEST_F(DesktopTest, DialogLabelsFitAtAnyDesktopFont) {
+  const QFont desktopFont = QApplication::font();
+  for (int points = 8; points <= 14; ++points) {
+    QApplication::setFont(QFont(QStringLiteral("Arial"), points));
+    MethodDialog method(app, nullptr);
+    QtProgramInfoForm program(app, nullptr);
+    AboutDialog about(app, nullptr);
+    for (QDialog* dialog : std::initializer_list<QDialog*>{&method, &program, &about})
+      for (QLabel* label : dialog->findChildren<QLabel*>()) {
+        const int needed = label->fontMetrics().horizontalAdvance(label->text());
+        EXPECT_GE(label->width(), needed) << points << " pt: " << label->text().toStdString();
+        const QRect text(label->pos(), QSize(needed, label->height()));
+        for (QWidget* other : dialog->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+          if (other != label && !qobject_cast<QLabel*>(other) && !label->text().isEmpty()) {
+            EXPECT_FALSE(other->geometry().intersects(text))
+                << points << " pt: " << label->text().toStdString() << " under "
+                << other->objectName().toStdString();
+          }
+        }
+      }
+  }
+  QApplication::setFont(desktopFont);
 }
 
 // Every OK counts as a change, and the texts are the project's own, also when read in

@@ -3,6 +3,8 @@
 
 #include <QFileDialog>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -11,10 +13,12 @@
 #include <QTimer>
 #include <filesystem>
 #include <functional>
+#include <memory>
 
 #include "board/compress.h"
 #include "qt/board_painter.h"
 #include "qt/main_window.h"
+#include "qt/norwegian.h"
 #include "qt/qt_common_dialog.h"
 #include "qt/qt_ui.h"
 #include "qt_world.h"
@@ -266,6 +270,54 @@ TEST_F(WindowTest, FileDialogTakesTheFilterAndDefaultExtension) {
   });
   ASSERT_TRUE(common.ShowSave());  // saving adds the extension to a bare name
   EXPECT_EQ(common.FileName, folder.file("plan.tvl"));
+}
+
+// As a user types it: a name in a folder that does not exist is refused and the dialog
+// stays open, so the save never starts.
+TEST_F(WindowTest, SaveDialogRefusesANameInAMissingFolder) {
+  testing::TempDir folder;
+  QtCommonDialog common;
+  common.Flags = 2050;
+  QString refusal;
+  whenModal<QFileDialog>([&](QFileDialog* files) {
+    auto* name = files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    whenModal<QMessageBox>([&](QMessageBox* box) {
+      refusal = box->text();
+      box->accept();
+    });
+    name->setText(QString::fromStdString(folder.file("mangler/plan.tvl")));
+    static_cast<QDialog*>(files)->accept();
+    EXPECT_TRUE(files->isVisible());
+    name->setText(QString::fromStdString(folder.file("plan.tvl")));
+    static_cast<QDialog*>(files)->accept();
+  });
+  ASSERT_TRUE(common.ShowSave());
+  EXPECT_EQ(common.FileName, folder.file("plan.tvl"));
+  EXPECT_TRUE(refusal.contains(QStringLiteral("Mappen finnes ikke"))) << refusal.toStdString();
+}
+
+// Qt's own texts in the standard buttons, the file dialog and a text box's menu.
+TEST_F(WindowTest, QtsOwnTextsAreNorwegian) {
+  installNorwegian(*QCoreApplication::instance());
+  QMessageBox box;
+  QLineEdit edit;
+  std::unique_ptr<QMenu> menu(edit.createStandardContextMenu());
+  QStringList menuTexts;
+  for (QAction* action : menu->actions()) menuTexts << action->text();
+  QStringList dialogTexts;
+  QtCommonDialog common;
+  whenModal<QFileDialog>([&](QFileDialog* files) {
+    for (QLabel* label : files->findChildren<QLabel*>()) dialogTexts << label->text();
+    for (QAbstractButton* button : files->findChildren<QAbstractButton*>()) dialogTexts << button->text();
+    files->reject();
+  });
+  common.ShowOpen();
+  EXPECT_EQ(box.addButton(QMessageBox::Yes)->text(), QStringLiteral("&Ja"));
+  EXPECT_EQ(box.addButton(QMessageBox::Cancel)->text(), QStringLiteral("Avbryt"));
+  EXPECT_TRUE(menuTexts.contains(QStringLiteral("&Kopier")));
+  for (const char* text : {"Se i:", "Fil&navn:", "Filtype:", "&Åpne", "Avbryt"})
+    EXPECT_TRUE(dialogTexts.contains(QString::fromUtf8(text)))
+        << text << " in " << dialogTexts.join('|').toStdString();
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <QPrinterInfo>
 #include <cmath>
 
+#include "export/pictures.h"
 #include "qt/board_painter.h"
 #include "qt/qt_outputs.h"
 #include "qt_world.h"
@@ -28,7 +29,8 @@ class QtSurfaceTest : public ::testing::Test, protected testing::QtWorld {
   QImage savedPicture() {
     testing::TempDir folder;
     std::string error;
-    EXPECT_TRUE(QtPictureWriter().SavePicture(canvas, folder.file("brett.bmp"), error)) << error;
+    EXPECT_TRUE(QtPictureWriter().SavePicture(canvas, folder.file("brett.bmp"), PictureFormat::Bmp, error))
+        << error;
     return QImage(QString::fromStdString(folder.file("brett.bmp")));
   }
 
@@ -124,6 +126,31 @@ TEST_F(QtSurfaceTest, TheLogicDrawsCellsLinksAndTheSelection) {
   zoomIn(app);
   EXPECT_GT(savedPicture().width(), saved.width());
   EXPECT_GT(savedPicture().height(), saved.height());
+}
+
+// Selecting and deselecting paints a cell again over the retained image; through its
+// stripes the earlier, smoothed letters must not show, however often it is done.
+TEST_F(QtSurfaceTest, ACellSelectedOftenLooksAsAfterARedraw) {
+  ASSERT_TRUE(readBoard());
+  for (int round = 0; round < 10; ++round)
+    for (int16_t selected : {1, -1}) {
+      app.store.selectedCell = selected;
+      drawCell(app, 1);
+    }
+  const QImage repainted = render();
+  redrawBoard(app);
+  EXPECT_TRUE(render() == repainted);
+}
+
+// The menu's picture is BMP whatever its name; PNG belongs to the headless tool.
+TEST_F(QtSurfaceTest, TheMenuWritesBmpAlsoUnderAPngName) {
+  ASSERT_TRUE(readBoard());
+  QtPictureWriter writer;
+  App menu{canvas, Platform{ui, dialog, clipboard, writer, printer, forms}};
+  testing::TempDir folder;
+  dialog.saveAnswers.push_back(folder.file("brett.png"));
+  saveBoardPicture(menu);
+  EXPECT_EQ(testing::readFile(folder.file("brett.png")).substr(0, 2), "BM");
 }
 
 TEST(QtPrinter, PrintingWithoutAPrinterSaysSo) {

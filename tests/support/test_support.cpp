@@ -59,7 +59,7 @@ bool FakeClipboard::SetPicture(const Surface&, std::string&) {
   return true;
 }
 
-bool FakePictures::SavePicture(const Surface&, const std::string& path, std::string& error) {
+bool FakePictures::SavePicture(const Surface&, const std::string& path, PictureFormat, std::string& error) {
   if (fail) {
     error = "Kunne ikke lagre bildet.";
     return false;

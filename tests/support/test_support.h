@@ -78,7 +78,8 @@ class FakePictures : public PictureWriter {
  public:
   std::vector<std::string> paths;
   bool fail = false;
-  bool SavePicture(const Surface& canvas, const std::string& path, std::string& error) override;
+  bool SavePicture(const Surface& canvas, const std::string& path, PictureFormat format,
+                   std::string& error) override;
 };
 
 class FakePrinter : public Printer {
