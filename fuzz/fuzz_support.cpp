@@ -1,0 +1,64 @@
+#include "fuzz_support.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <unordered_set>
+
+#include "core/record.h"
+#include "core/startup.h"
+
+namespace tavlero::fuzzing {
+
+void require(bool condition, const char* what) {
+  if (condition) return;
+  std::fprintf(stderr, "fuzz check failed: %s\n", what);
+  std::abort();
+}
+
+std::string textOf(const uint8_t* data, size_t size) {
+  return std::string(reinterpret_cast<const char*>(data), size);
+}
+
+const testing::TempDir& scratch() {
+  static testing::TempDir dir;
+  static bool entered = ::chdir(dir.path().c_str()) == 0;
+  require(entered, "the scratch folder can be entered");
+  return dir;
+}
+
+StartedWorld::StartedWorld() {
+  Form_Load(app, scratch().file("tavlero"), "", scratch().file("tavlero.cfg"));
+}
+
+void requireStoreInvariants(const ProjectStore& store) {
+  require(store.itemList.ListCount() == store.sizeList.ListCount(), "itemList and sizeList are parallel");
+  require(store.linkList.ListCount() == store.linkSizeList.ListCount(),
+          "linkList and linkSizeList are parallel");
+  require(store.itemList.ListCount() <= ProjectStore::kMaxMethods, "no more methods than the table holds");
+  require(store.selectedCell >= -1 && store.selectedCell < store.itemList.ListCount(),
+          "selectedCell is valid");
+  require(store.selectedLink >= -1 && store.selectedLink < store.linkList.ListCount(),
+          "selectedLink is valid");
+}
+
+void requireLinksNameCells(const ProjectStore& store) {
+  std::unordered_set<std::string> names;
+  for (const std::string& record : store.itemList.items()) names.insert(getField(record, "methodName"));
+  for (const std::string& link : store.linkList.items()) {
+    require(names.contains(getField(link, "linkSource")), "a link's source is a cell after a redraw");
+    require(names.contains(getField(link, "linkTarget")), "a link's target is a cell after a redraw");
+  }
+}
+
+bool sameProject(const ProjectStore& a, const ProjectStore& b) {
+  if (a.itemList.items() != b.itemList.items() || a.linkList.items() != b.linkList.items()) return false;
+  for (int16_t i = 0; i < a.itemList.ListCount(); ++i)
+    if (a.getLongDescription(i) != b.getLongDescription(i)) return false;
+  return a.programName == b.programName && a.programDescription == b.programDescription &&
+         a.fontName == b.fontName && a.nameFontSize == b.nameFontSize && a.infoFontSize == b.infoFontSize &&
+         a.minimumCellWidth == b.minimumCellWidth && a.maximumCellWidth == b.maximumCellWidth;
+}
+
+}  // namespace tavlero::fuzzing
