@@ -122,6 +122,7 @@ void step(fuzzing::StartedWorld& world, FuzzedDataProvider& input) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  fuzzing::InScratchFolder folder;
   FuzzedDataProvider input(data, size);
   fuzzing::StartedWorld world;
   readProjectFromText(world.app, kPlan);

@@ -1,5 +1,6 @@
 #include "fuzz_support.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -23,9 +24,16 @@ std::string textOf(const uint8_t* data, size_t size) {
 
 const testing::TempDir& scratch() {
   static testing::TempDir dir;
-  static bool entered = ::chdir(dir.path().c_str()) == 0;
-  require(entered, "the scratch folder can be entered");
   return dir;
+}
+
+InScratchFolder::InScratchFolder() : previous_(::open(".", O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+  require(previous_ >= 0 && ::chdir(scratch().path().c_str()) == 0, "the scratch folder can be entered");
+}
+
+InScratchFolder::~InScratchFolder() {
+  require(::fchdir(previous_) == 0, "the working folder comes back");
+  ::close(previous_);
 }
 
 StartedWorld::StartedWorld() {

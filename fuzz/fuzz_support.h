@@ -17,9 +17,21 @@ void require(bool condition, const char* what);
 
 std::string textOf(const uint8_t* data, size_t size);
 
-// The process's one scratch folder, made the working folder too: the info page and every
-// other file a handler writes land in it and nowhere else.
+// The process's one scratch folder, for the settings file and whatever a handler writes.
 const testing::TempDir& scratch();
+
+// Makes the scratch folder the working folder while it lives, for the handlers that write
+// beside it (the info page); libFuzzer reads its corpus by relative paths in between.
+class InScratchFolder {
+ public:
+  InScratchFolder();
+  ~InScratchFolder();
+  InScratchFolder(const InScratchFolder&) = delete;
+  InScratchFolder& operator=(const InScratchFolder&) = delete;
+
+ private:
+  int previous_;
+};
 
 // A fake world started as the program starts, with its settings file in the scratch folder.
 struct StartedWorld : testing::FakeWorld {
