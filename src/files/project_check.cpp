@@ -28,6 +28,17 @@ std::string typedTag(std::string_view text) {
   return {};
 }
 
+// The writer keeps a record from its first '<' through its last '>'; any other text
+// round it is lost at the next save.
+bool textOutsideTags(std::string_view record) {
+  constexpr std::string_view kBlank = " \t\r\n";
+  std::string_view kept = trimRecord(record);
+  if (kept.empty()) return record.find_first_not_of(kBlank) != std::string_view::npos;
+  size_t begin = static_cast<size_t>(kept.data() - record.data());
+  return record.substr(0, begin).find_first_not_of(kBlank) != std::string_view::npos ||
+         record.substr(begin + kept.size()).find_first_not_of(kBlank) != std::string_view::npos;
+}
+
 class Report {
  public:
   void add(std::string line) { lines_.push_back(std::move(line)); }
@@ -106,9 +117,16 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
       report.add(label + " mangler '</longDescription>'.");
     else if (parts.record.find("</longDescription>") != std::string::npos)
       report.add(label + ": den lange beskrivelsen inneholder '</longDescription>'; resten havner i posten.");
+    if (textOutsideTags(parts.record)) report.add(label + ": tekst utenfor taggene går tapt ved lagring."_cp);
     report.typedTags(label + ": navnet", name);
     report.typedTags(label + ": sammendraget", getField(parts.record, "shortDescription"));
     report.typedTags(label + ": den lange beskrivelsen", parts.longDescription);
+    // A position without its tag reads as 0 and stays without it, so every compression on
+    // opening moves the other cells once more.
+    for (std::string_view key : {"positionX", "positionY"})
+      if (parts.record.find("<" + std::string(key) + ">") == std::string::npos)
+        report.add(label + " mangler <" + std::string(key) +
+                   ">; den leses som 0, og metodene flyttes ved hver lagring.");
     int32_t fill = toLong(textToNumber(getField(parts.record, "cellFillStyle")));
     if (fill < 0 || fill > 7)
       report.add(label + " har fylltype " + std::to_string(fill) + ", utenfor 0 til 7.");
@@ -128,6 +146,8 @@ void checkLinks(Report& report, std::string_view text, const std::unordered_set<
   size_t number = 0;
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     ++number;
+    if (textOutsideTags(element))
+      report.add("Kobling " + std::to_string(number) + ": tekst utenfor taggene går tapt ved lagring."_cp);
     for (std::string_view key : {"linkSource", "linkTarget"}) {
       std::string name = getField(element, key);
       if (!names.contains(name))
@@ -144,6 +164,13 @@ void checkLinks(Report& report, std::string_view text, const std::unordered_set<
 std::vector<std::string> checkProject(std::string_view fileText) {
   Report report;
   checkNumbers(report, fileText);
+  // A text opened but never closed reads as empty.
+  for (std::string key : {"projectName", "projectDescription", "fontName"}) {
+    size_t open = fileText.find("<" + key + ">");
+    size_t close = fileText.find("</" + key + ">");
+    if (open != std::string_view::npos && (close == std::string_view::npos || close < open))
+      report.add(key + " mangler '</" + key + ">' bak '<" + key + ">'; teksten leses som tom.");
+  }
   report.typedTags("Prosjektnavnet", getField(fileText, "projectName"));
   report.typedTags("Prosjektbeskrivelsen", getField(fileText, "projectDescription"));
   checkLinks(report, fileText, checkMethods(report, fileText));
