@@ -1,5 +1,7 @@
 #include "files/project_check.h"
 
+#include <algorithm>
+#include <initializer_list>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -63,6 +65,26 @@ size_t countFrom(std::string_view text, size_t offset, std::string_view tag) {
   return count;
 }
 
+// A record holds each of its own tags at most once, the opening before the closing, and
+// none of the file's other tags; otherwise a field replacement at opening can cut, move or
+// grow it at every save. Gives the first tag out of place.
+std::string tagOutOfPlace(std::string_view record, std::initializer_list<std::string_view> own,
+                          std::string_view ignored) {
+  for (std::string_view key : kTags) {
+    if (key == ignored) continue;
+    std::string open = "<" + std::string(key) + ">";
+    std::string close = "</" + std::string(key) + ">";
+    size_t opens = countFrom(record, 0, open);
+    size_t closes = countFrom(record, 0, close);
+    if (std::find(own.begin(), own.end(), key) == own.end()) {
+      if (opens + closes > 0) return opens > 0 ? open : close;
+    } else if (opens > 1 || closes > 1 || opens != closes || record.find(close) < record.find(open)) {
+      return opens == 1 ? close : open;
+    }
+  }
+  return {};
+}
+
 // Elements behind the place where a loop ended: each closing tag ends one, and an empty
 // element held nothing to lose.
 size_t lostBehind(std::string_view text, size_t offset, const std::string& key) {
@@ -118,6 +140,12 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
     else if (parts.record.find("</longDescription>") != std::string::npos)
       report.add(label + ": den lange beskrivelsen inneholder '</longDescription>'; resten havner i posten.");
     if (textOutsideTags(parts.record)) report.add(label + ": tekst utenfor taggene går tapt ved lagring."_cp);
+    if (std::string tag = tagOutOfPlace(
+            parts.record,
+            {"positionX", "positionY", "methodName", "shortDescription", "cellColor", "cellFillStyle"},
+            "longDescription");
+        !tag.empty())
+      report.add(label + ": taggen '" + tag + "' står feil i posten, så posten endres ved hver lagring."_cp);
     report.typedTags(label + ": navnet", name);
     report.typedTags(label + ": sammendraget", getField(parts.record, "shortDescription"));
     report.typedTags(label + ": den lange beskrivelsen", parts.longDescription);
@@ -148,6 +176,9 @@ void checkLinks(Report& report, std::string_view text, const std::unordered_set<
     ++number;
     if (textOutsideTags(element))
       report.add("Kobling " + std::to_string(number) + ": tekst utenfor taggene går tapt ved lagring."_cp);
+    if (std::string tag = tagOutOfPlace(element, {"linkSource", "linkTarget"}, {}); !tag.empty())
+      report.add("Kobling " + std::to_string(number) + ": taggen '" + tag +
+                 "' står feil i posten, så posten endres ved hver lagring."_cp);
     for (std::string_view key : {"linkSource", "linkTarget"}) {
       std::string name = getField(element, key);
       if (!names.contains(name))
