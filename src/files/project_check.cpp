@@ -44,9 +44,11 @@ bool textOutsideTags(std::string_view record) {
 class Report {
  public:
   void add(std::string line) { lines_.push_back(std::move(line)); }
-  void typedTags(const std::string& where, std::string_view text) {
+  // True when it found one.
+  bool typedTags(const std::string& where, std::string_view text) {
     std::string tag = typedTag(text);
     if (!tag.empty()) add(where + " inneholder taggen '" + tag + "', som forstyrrer lesingen.");
+    return !tag.empty();
   }
   std::vector<std::string> take() { return std::move(lines_); }
 
@@ -122,12 +124,16 @@ void checkNumbers(Report& report, std::string_view text) {
   }
 }
 
+constexpr std::string_view kPositions[] = {"positionX", "positionY"};
+
 // Reads the methods as the reader does and reports what it loses; gives the names read.
-std::unordered_set<std::string> checkMethods(Report& report, std::string_view text) {
+// Records out of shape are reported only where no typed tag already names the cause.
+std::unordered_set<std::string> checkMethods(Report& report, std::string_view text, bool causeKnown) {
   ElementScanner scanner(text, "userMethod", kSkipBehindMethod);
   std::unordered_map<std::string, size_t> firstNumber;
   std::unordered_set<std::string> names;
   size_t number = 0;
+  size_t lacking[2] = {0, 0};
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     ++number;
     MethodParts parts = splitMethod(element);
@@ -139,22 +145,22 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
       report.add(label + " mangler '</longDescription>'.");
     else if (parts.record.find("</longDescription>") != std::string::npos)
       report.add(label + ": den lange beskrivelsen inneholder '</longDescription>'; resten havner i posten.");
-    if (textOutsideTags(parts.record)) report.add(label + ": tekst utenfor taggene går tapt ved lagring."_cp);
-    if (std::string tag = tagOutOfPlace(
-            parts.record,
-            {"positionX", "positionY", "methodName", "shortDescription", "cellColor", "cellFillStyle"},
-            "longDescription");
-        !tag.empty())
-      report.add(label + ": taggen '" + tag + "' står feil i posten, så posten endres ved hver lagring."_cp);
-    report.typedTags(label + ": navnet", name);
-    report.typedTags(label + ": sammendraget", getField(parts.record, "shortDescription"));
-    report.typedTags(label + ": den lange beskrivelsen", parts.longDescription);
-    // A position without its tag reads as 0 and stays without it, so every compression on
-    // opening moves the other cells once more.
-    for (std::string_view key : {"positionX", "positionY"})
-      if (parts.record.find("<" + std::string(key) + ">") == std::string::npos)
-        report.add(label + " mangler <" + std::string(key) +
-                   ">; den leses som 0, og metodene flyttes ved hver lagring.");
+    bool typed = report.typedTags(label + ": navnet", name);
+    typed |= report.typedTags(label + ": sammendraget", getField(parts.record, "shortDescription"));
+    typed |= report.typedTags(label + ": den lange beskrivelsen", parts.longDescription);
+    if (!causeKnown && !typed) {
+      if (textOutsideTags(parts.record))
+        report.add(label + ": tekst utenfor taggene går tapt ved lagring."_cp);
+      if (std::string tag = tagOutOfPlace(
+              parts.record,
+              {"positionX", "positionY", "methodName", "shortDescription", "cellColor", "cellFillStyle"},
+              "longDescription");
+          !tag.empty())
+        report.add(label + ": taggen '" + tag +
+                   "' står feil i posten, så posten endres ved hver lagring."_cp);
+    }
+    for (size_t axis = 0; axis < 2; ++axis)
+      if (parts.record.find("<" + std::string(kPositions[axis]) + ">") == std::string::npos) ++lacking[axis];
     int32_t fill = toLong(textToNumber(getField(parts.record, "cellFillStyle")));
     if (fill < 0 || fill > 7)
       report.add(label + " har fylltype " + std::to_string(fill) + ", utenfor 0 til 7.");
@@ -164,19 +170,27 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
       report.add(label + ": '</userMethod>' står rett foran '<userMethod>', så metoden bak går tapt."_cp);
     if (number <= static_cast<size_t>(ProjectStore::kMaxMethods)) names.insert(name);
   }
+  // A position without its tag reads as 0 and stays without it, so beside cells that have
+  // theirs, every compression at opening moves those once more.
+  for (size_t axis = 0; axis < 2; ++axis)
+    if (lacking[axis] > 0 && lacking[axis] < number)
+      report.add(std::to_string(lacking[axis]) + " av " + std::to_string(number) + " metoder mangler <" +
+                 std::string(kPositions[axis]) + ">; de andre flyttes ved hver lagring.");
   reportLoopEnd(report, text, {"userMethod", "metode(r)", "metoder", ProjectStore::kMaxMethods},
                 scanner.offset(), number);
   return names;
 }
 
-void checkLinks(Report& report, std::string_view text, const std::unordered_set<std::string>& names) {
+void checkLinks(Report& report, std::string_view text, const std::unordered_set<std::string>& names,
+                bool causeKnown) {
   ElementScanner scanner(text, "userLink", kSkipBehindLink);
   size_t number = 0;
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     ++number;
-    if (textOutsideTags(element))
+    if (!causeKnown && textOutsideTags(element))
       report.add("Kobling " + std::to_string(number) + ": tekst utenfor taggene går tapt ved lagring."_cp);
-    if (std::string tag = tagOutOfPlace(element, {"linkSource", "linkTarget"}, {}); !tag.empty())
+    if (std::string tag = tagOutOfPlace(element, {"linkSource", "linkTarget"}, {});
+        !causeKnown && !tag.empty())
       report.add("Kobling " + std::to_string(number) + ": taggen '" + tag +
                  "' står feil i posten, så posten endres ved hver lagring."_cp);
     for (std::string_view key : {"linkSource", "linkTarget"}) {
@@ -195,16 +209,19 @@ void checkLinks(Report& report, std::string_view text, const std::unordered_set<
 std::vector<std::string> checkProject(std::string_view fileText) {
   Report report;
   checkNumbers(report, fileText);
+  bool causeKnown = false;
   // A text opened but never closed reads as empty.
   for (std::string key : {"projectName", "projectDescription", "fontName"}) {
     size_t open = fileText.find("<" + key + ">");
     size_t close = fileText.find("</" + key + ">");
-    if (open != std::string_view::npos && (close == std::string_view::npos || close < open))
+    if (open != std::string_view::npos && (close == std::string_view::npos || close < open)) {
+      causeKnown = true;
       report.add(key + " mangler '</" + key + ">' bak '<" + key + ">'; teksten leses som tom.");
+    }
   }
-  report.typedTags("Prosjektnavnet", getField(fileText, "projectName"));
-  report.typedTags("Prosjektbeskrivelsen", getField(fileText, "projectDescription"));
-  checkLinks(report, fileText, checkMethods(report, fileText));
+  causeKnown |= report.typedTags("Prosjektnavnet", getField(fileText, "projectName"));
+  causeKnown |= report.typedTags("Prosjektbeskrivelsen", getField(fileText, "projectDescription"));
+  checkLinks(report, fileText, checkMethods(report, fileText, causeKnown), causeKnown);
   return report.take();
 }
 
