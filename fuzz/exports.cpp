@@ -54,7 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   }
   // The texts the plan brings, as the exports read them: a field cut from a damaged record
   // can begin with half a line end, and that is the plan's, not the export's.
-  std::string planTexts = store.programName + "\r\n" + store.programDescription;
+  std::string planTexts = store.programName + "\r\n" + store.programDescription + "\r\n" + store.fontName;
   for (int16_t i = 0; i < store.itemList.ListCount(); ++i) {
     const std::string& record = store.itemList.List(i);
     planTexts += "\r\n" + getField(record, "methodName") + "\r\n" + getField(record, "shortDescription") +

@@ -221,6 +221,7 @@ std::vector<std::string> checkProject(std::string_view fileText) {
   }
   causeKnown |= report.typedTags("Prosjektnavnet", getField(fileText, "projectName"));
   causeKnown |= report.typedTags("Prosjektbeskrivelsen", getField(fileText, "projectDescription"));
+  causeKnown |= report.typedTags("Skriftnavnet", getField(fileText, "fontName"));
   checkLinks(report, fileText, checkMethods(report, fileText, causeKnown), causeKnown);
   return report.take();
 }
