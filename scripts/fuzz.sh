@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Builds the libFuzzer targets with clang (AddressSanitizer and UndefinedBehaviorSanitizer),
-# replays each target's corpus under fuzz/corpus/, then fuzzes each for SECONDS (default 60).
-# New inputs collect in build-fuzz/corpus/<target>/, findings in build-fuzz/findings/<target>/;
-# a finding fails the run. Copy it into fuzz/corpus/<target>/ once fixed.
+# replays each target's corpus under fuzz/corpus/, then fuzzes each for SECONDS (default 60),
+# going on past a finding so that a long run collects them all. New inputs collect in
+# build-fuzz/corpus/<target>/, findings in build-fuzz/findings/<target>/; any finding fails
+# the run. Once fixed, a finding goes into fuzz/corpus/<target>/ and, as a case, into tests/.
 # Usage: scripts/fuzz.sh [SECONDS] [TARGET...]
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -22,9 +23,10 @@ for name in "${targets[@]}"; do
   fuzzer=build-fuzz/bin/fuzz_${name}
   corpus=build-fuzz/corpus/${name}
   findings=build-fuzz/findings/${name}
+  rm -rf "$findings"  # this run's findings only
   mkdir -p "$corpus" "$findings"
   cp -n fuzz/corpus/"${name}"/* "$corpus"/ || true
-  options=(-rss_limit_mb=4096 -print_final_stats=1 -artifact_prefix="$findings/")
+  options=(-rss_limit_mb=4096 -artifact_prefix="$findings/")
   if [[ $name == read_project ]]; then
     # Plans at and beyond the limits are far bigger than libFuzzer would ever grow one.
     fuzz/make_big_seeds.sh build-fuzz/big_seeds
@@ -41,11 +43,13 @@ for name in "${targets[@]}"; do
     failed+=("$name (corpus)")
     continue
   fi
-  if ! "$fuzzer" "${options[@]}" -timeout=30 -max_total_time="$seconds" "$corpus" 2>"$findings/fuzz.log"; then
-    tail -n 30 "$findings/fuzz.log"
+  "$fuzzer" "${options[@]}" -timeout=30 -fork=1 -ignore_crashes=1 -ignore_timeouts=1 -ignore_ooms=1 \
+    -max_total_time="$seconds" "$corpus" 2>"$findings/fuzz.log" || true
+  grep -E '^#[0-9]+: cov' "$findings/fuzz.log" | tail -n 1
+  if ls "$findings" | grep -qE '^(crash|leak|oom|timeout)-'; then
+    grep -h 'fuzz check failed\|ERROR: \|runtime error' "$findings/fuzz.log" | sort | uniq -c
     failed+=("$name")
   fi
-  grep -E '^stat::(number_of_executed_units|new_units_added)|^#[0-9]+ *DONE' "$findings/fuzz.log" || true
 done
 if ((${#failed[@]})); then
   echo "Fuzzing found faults in: ${failed[*]} (inputs under build-fuzz/findings/)" >&2
