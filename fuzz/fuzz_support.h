@@ -43,7 +43,8 @@ void requireStoreInvariants(const ProjectStore& store);
 // After a redraw every link names cells that exist.
 void requireLinksNameCells(const ProjectStore& store);
 
-// The whole reader state that a save writes, for comparing two reads.
+// The whole reader state that a save writes, for comparing two reads; records count as
+// the same when they differ only in the white space round them.
 bool sameProject(const ProjectStore& a, const ProjectStore& b);
 
 }  // namespace tavlero::fuzzing
