@@ -40,7 +40,7 @@ struct StartedWorld : testing::FakeWorld {
 
 // Parallel lists, the limits, valid selections.
 void requireStoreInvariants(const ProjectStore& store);
-// After a redraw every link names cells that exist.
+// After a redraw every link that names both its ends names cells that exist.
 void requireLinksNameCells(const ProjectStore& store);
 
 // The whole reader state that a save writes, for comparing two reads; records count as

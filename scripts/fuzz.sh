@@ -20,9 +20,10 @@ cmake --build build-fuzz -j2 --target "${targets[@]/#/fuzz_}"
 export ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 failed=()
 for name in "${targets[@]}"; do
-  fuzzer=build-fuzz/bin/fuzz_${name}
-  corpus=build-fuzz/corpus/${name}
-  findings=build-fuzz/findings/${name}
+  # Full paths: the editing target changes the working folder while it runs an input.
+  fuzzer=$PWD/build-fuzz/bin/fuzz_${name}
+  corpus=$PWD/build-fuzz/corpus/${name}
+  findings=$PWD/build-fuzz/findings/${name}
   rm -rf "$findings"  # this run's findings only
   mkdir -p "$corpus" "$findings"
   cp -n fuzz/corpus/"${name}"/* "$corpus"/ || true

@@ -195,7 +195,10 @@ void checkLinks(Report& report, std::string_view text, const std::unordered_set<
                  "' står feil i posten, så posten endres ved hver lagring."_cp);
     for (std::string_view key : {"linkSource", "linkTarget"}) {
       std::string name = getField(element, key);
-      if (!names.contains(name))
+      if (name.empty())
+        report.add("Kobling " + std::to_string(number) + ": " + std::string(key) +
+                   " er tom, og koblingen blir verken tegnet eller fjernet.");
+      else if (!names.contains(name))
         report.add("Kobling " + std::to_string(number) + ": " + std::string(key) + " '" + name +
                    "' er ingen metode, og koblingen blir fjernet.");
     }
