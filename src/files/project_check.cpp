@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 #include "core/cp1252.h"
 #include "core/project_store.h"
@@ -193,15 +194,18 @@ void checkLinks(Report& report, std::string_view text, const std::unordered_set<
         !causeKnown && !tag.empty())
       report.add("Kobling " + std::to_string(number) + ": taggen '" + tag +
                  "' står feil i posten, så posten endres ved hver lagring."_cp);
-    for (std::string_view key : {"linkSource", "linkTarget"}) {
-      std::string name = getField(element, key);
-      if (name.empty())
-        report.add("Kobling " + std::to_string(number) + ": " + std::string(key) +
-                   " er tom, og koblingen blir verken tegnet eller fjernet.");
-      else if (!names.contains(name))
-        report.add("Kobling " + std::to_string(number) + ": " + std::string(key) + " '" + name +
-                   "' er ingen metode, og koblingen blir fjernet.");
+    std::string source = getField(element, "linkSource");
+    std::string target = getField(element, "linkTarget");
+    // Without a name at one end the drawing leaves a link alone: never drawn, never removed.
+    if (source.empty() || target.empty()) {
+      report.add("Kobling " + std::to_string(number) + ": " + (source.empty() ? "linkSource" : "linkTarget") +
+                 " er tom, og koblingen blir verken tegnet eller fjernet.");
+      continue;
     }
+    for (const auto& [key, name] : {std::pair{"linkSource", source}, std::pair{"linkTarget", target}})
+      if (!names.contains(name))
+        report.add("Kobling " + std::to_string(number) + ": " + key + " '" + name +
+                   "' er ingen metode, og koblingen blir fjernet.");
   }
   reportLoopEnd(report, text, {"userLink", "kobling(er)", "koblinger", ProjectStore::kMaxLinks},
                 scanner.offset(), number);
