@@ -9,6 +9,7 @@
 #include "core/cp1252.h"
 #include "core/project_store.h"
 #include "core/record.h"
+#include "core/startup.h"
 #include "files/project_text.h"
 
 namespace tavlero {
@@ -135,6 +136,11 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
   std::unordered_set<std::string> names;
   size_t number = 0;
   size_t lacking[2] = {0, 0};
+  // The compression at opening starts its search for the smallest position at the size of
+  // the board at start, in millimetres; cells all beyond it do not reach the margin at once.
+  const float start[2] = {twipsToMillimetres(kMainClientWidthTwips),
+                          twipsToMillimetres(kMainClientHeightTwips)};
+  bool reachesStart[2] = {false, false};
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     ++number;
     MethodParts parts = splitMethod(element);
@@ -162,6 +168,8 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
     }
     for (size_t axis = 0; axis < 2; ++axis)
       if (parts.record.find("<" + std::string(kPositions[axis]) + ">") == std::string::npos) ++lacking[axis];
+    for (size_t axis = 0; axis < 2; ++axis)
+      reachesStart[axis] |= !(toSingle(textToNumber(getField(parts.record, kPositions[axis]))) > start[axis]);
     int32_t fill = toLong(textToNumber(getField(parts.record, "cellFillStyle")));
     if (fill < 0 || fill > 7)
       report.add(label + " har fylltype " + std::to_string(fill) + ", utenfor 0 til 7.");
@@ -177,6 +185,10 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
     if (lacking[axis] > 0 && lacking[axis] < number)
       report.add(std::to_string(lacking[axis]) + " av " + std::to_string(number) + " metoder mangler <" +
                  std::string(kPositions[axis]) + ">; de andre flyttes ved hver lagring.");
+  for (size_t axis = 0; axis < 2; ++axis)
+    if (number > 0 && !reachesStart[axis])
+      report.add("Alle metodene har " + std::string(kPositions[axis]) + " over" + numberToText(start[axis]) +
+                 "; de flyttes på nytt ved hver åpning til de når margen."_cp);
   reportLoopEnd(report, text, {"userMethod", "metode(r)", "metoder", ProjectStore::kMaxMethods},
                 scanner.offset(), number);
   return names;
