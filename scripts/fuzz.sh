@@ -1,17 +1,58 @@
 #!/usr/bin/env bash
-# Builds the libFuzzer targets with clang and runs each for a while (default 60 s).
-# Usage: scripts/fuzz.sh [seconds]
+# Builds the libFuzzer targets with clang (AddressSanitizer and UndefinedBehaviorSanitizer),
+# replays each target's corpus under fuzz/corpus/, then fuzzes each for SECONDS (default 60),
+# going on past a finding so that a long run collects them all. New inputs collect in
+# build-fuzz/corpus/<target>/, findings in build-fuzz/findings/<target>/; any finding fails
+# the run. Once fixed, a finding goes into fuzz/corpus/<target>/ and, as a case, into tests/.
+# Usage: scripts/fuzz.sh [SECONDS] [TARGET...]
 set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds=${1:-60}
+shift || true
+targets=("$@")
+((${#targets[@]})) || targets=(records read_project round_trip settings check exports editing browser_html)
+
 bash scripts/install-deps.sh --fuzz
 CC=clang CXX=clang++ cmake -S . -B build-fuzz -DTAVLERO_BUILD_FUZZ=ON -DTAVLERO_BUILD_QT=OFF \
-  -DTAVLERO_BUILD_TESTS=OFF -DTAVLERO_BUILD_BENCH=OFF -DCMAKE_BUILD_TYPE=RelWithDebInfo
-cmake --build build-fuzz -j2
-mkdir -p build-fuzz/corpus/read_project build-fuzz/corpus/records
-cp examples/*.tvl build-fuzz/corpus/read_project/ 2>/dev/null || true
-for name in records read_project; do
-  echo "== fuzz_${name} for ${seconds}s"
-  build-fuzz/bin/fuzz_${name} -max_total_time="${seconds}" -max_len=65536 -timeout=20 \
-    build-fuzz/corpus/${name}
+  -DTAVLERO_BUILD_TESTS=OFF -DTAVLERO_BUILD_BENCH=OFF -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+cmake --build build-fuzz -j2 --target "${targets[@]/#/fuzz_}"
+
+export ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+failed=()
+for name in "${targets[@]}"; do
+  # Full paths: the editing target changes the working folder while it runs an input.
+  fuzzer=$PWD/build-fuzz/bin/fuzz_${name}
+  corpus=$PWD/build-fuzz/corpus/${name}
+  findings=$PWD/build-fuzz/findings/${name}
+  rm -rf "$findings"  # this run's findings only
+  mkdir -p "$corpus" "$findings"
+  cp -n fuzz/corpus/"${name}"/* "$corpus"/ || true
+  options=(-rss_limit_mb=4096 -artifact_prefix="$findings/")
+  if [[ $name == read_project ]]; then
+    # Plans at and beyond the limits are far bigger than libFuzzer would ever grow one.
+    fuzz/make_big_seeds.sh build-fuzz/big_seeds
+    options+=(-max_len=10000000 -len_control=0)
+    replay=(fuzz/corpus/"$name" build-fuzz/big_seeds)
+  else
+    options+=(-max_len=65536)
+    replay=(fuzz/corpus/"$name")
+  fi
+  echo "== fuzz_${name}: replaying the corpus, then fuzzing for ${seconds}s"
+  # The plans at the limits take many seconds under the sanitizers on a busy machine.
+  if ! "$fuzzer" "${options[@]}" -timeout=300 -runs=0 "${replay[@]}" 2>"$findings/replay.log"; then
+    tail -n 30 "$findings/replay.log"
+    failed+=("$name (corpus)")
+    continue
+  fi
+  "$fuzzer" "${options[@]}" -timeout=30 -fork=1 -ignore_crashes=1 -ignore_timeouts=1 -ignore_ooms=1 \
+    -max_total_time="$seconds" "$corpus" 2>"$findings/fuzz.log" || true
+  grep -E '^#[0-9]+: cov' "$findings/fuzz.log" | tail -n 1
+  if ls "$findings" | grep -qE '^(crash|leak|oom|timeout)-'; then
+    grep -h 'fuzz check failed\|ERROR: \|runtime error' "$findings/fuzz.log" | sort | uniq -c
+    failed+=("$name")
+  fi
 done
+if ((${#failed[@]})); then
+  echo "Fuzzing found faults in: ${failed[*]} (inputs under build-fuzz/findings/)" >&2
+  exit 1
+fi

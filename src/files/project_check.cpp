@@ -1,13 +1,16 @@
 #include "files/project_check.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 #include "core/cp1252.h"
 #include "core/project_store.h"
 #include "core/record.h"
 #include "core/records.h"
+#include "core/window_size.h"
 #include "files/project_text.h"
 
 namespace tavlero {
@@ -22,12 +25,25 @@ std::string typedTag(std::string_view text) {
   return {};
 }
 
+// The writer keeps a record from its first '<' through its last '>'; any other text
+// round it is lost at the next save.
+bool textOutsideTags(std::string_view record) {
+  constexpr std::string_view kBlank = " \t\r\n";
+  std::string_view kept = trimRecord(record);
+  if (kept.empty()) return record.find_first_not_of(kBlank) != std::string_view::npos;
+  size_t begin = static_cast<size_t>(kept.data() - record.data());
+  return record.substr(0, begin).find_first_not_of(kBlank) != std::string_view::npos ||
+         record.substr(begin + kept.size()).find_first_not_of(kBlank) != std::string_view::npos;
+}
+
 class Report {
  public:
   void add(std::string line) { lines_.push_back(std::move(line)); }
-  void typedTags(const std::string& where, std::string_view text) {
+  // True when it found one.
+  bool typedTags(const std::string& where, std::string_view text) {
     std::string tag = typedTag(text);
     if (!tag.empty()) add(where + " inneholder taggen '" + tag + "', som forstyrrer lesingen.");
+    return !tag.empty();
   }
   std::vector<std::string> take() { return std::move(lines_); }
 
@@ -44,6 +60,26 @@ size_t countFrom(std::string_view text, size_t offset, std::string_view tag) {
   for (size_t at = text.find(tag, offset); at != std::string_view::npos; at = text.find(tag, at + tag.size()))
     ++count;
   return count;
+}
+
+// A record holds each of its own tags at most once, the opening before the closing, and
+// none of the file's other tags; otherwise a field replacement at opening can cut, move or
+// grow it at every save. Gives the first tag out of place.
+std::string tagOutOfPlace(std::string_view record, std::initializer_list<std::string_view> own,
+                          std::string_view ignored) {
+  for (std::string_view key : kProjectFileKeys) {
+    if (key == ignored) continue;
+    std::string open = "<" + std::string(key) + ">";
+    std::string close = "</" + std::string(key) + ">";
+    size_t opens = countFrom(record, 0, open);
+    size_t closes = countFrom(record, 0, close);
+    if (std::find(own.begin(), own.end(), key) == own.end()) {
+      if (opens + closes > 0) return opens > 0 ? open : close;
+    } else if (opens > 1 || closes > 1 || opens != closes || record.find(close) < record.find(open)) {
+      return opens == 1 ? close : open;
+    }
+  }
+  return {};
 }
 
 struct ElementKind {
@@ -106,19 +142,29 @@ std::string cutField(std::string_view element, std::string_view behind) {
   return {};
 }
 
+constexpr std::string_view kPositions[] = {key::positionX, key::positionY};
+
 // Reads the methods as the reader does and reports what it loses; gives the names read.
-std::unordered_set<std::string> checkMethods(Report& report, std::string_view text) {
+// Records out of shape are reported only where no typed tag already names the cause.
+std::unordered_set<std::string> checkMethods(Report& report, std::string_view text, bool causeKnown) {
   ElementScanner scanner(text, key::userMethod, kSkipBehindMethod);
   std::unordered_map<std::string, size_t> firstNumber;
   std::unordered_set<std::string> names;
   size_t number = 0;
+  size_t lacking[2] = {0, 0};
+  // The compression at opening starts its search for the smallest position at the size of
+  // the board at start, in millimetres; cells all beyond it do not reach the margin at once.
+  const float start[2] = {twipsToMillimetres(kMainClientWidthTwips),
+                          twipsToMillimetres(kMainClientHeightTwips)};
+  bool reachesStart[2] = {false, false};
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     ++number;
     MethodParts parts = splitMethod(element);
     std::string name = getField(parts.record, key::methodName);
     std::string label = methodLabel(number, name);
     const std::string_view behind = text.substr(scanner.offset() - kSkipBehindMethod);
-    if (std::string cut = cutField(element, behind); !cut.empty())
+    const std::string cut = cutField(element, behind);
+    if (!cut.empty())
       report.add(label + ": '</userMethod>' står i "_cp + cut + ", så resten av metoden går tapt."_cp);
     else if (!parts.hasLongDescription)
       report.add(label + " har ingen <longDescription>; trolig står '</userMethod>' i en tekst."_cp);
@@ -127,9 +173,26 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
     else if (parts.record.find("</longDescription>") != std::string::npos &&
              element.find("</longDescription>") > element.find("<longDescription"))
       report.add(label + ": den lange beskrivelsen inneholder '</longDescription>'; resten havner i posten.");
-    report.typedTags(label + ": navnet", name);
-    report.typedTags(label + ": sammendraget", getField(parts.record, key::shortDescription));
-    report.typedTags(label + ": den lange beskrivelsen", parts.longDescription);
+    // A typed closing tag that cut the method short already names the cause.
+    bool typed = !cut.empty();
+    typed |= report.typedTags(label + ": navnet", name);
+    typed |= report.typedTags(label + ": sammendraget", getField(parts.record, key::shortDescription));
+    typed |= report.typedTags(label + ": den lange beskrivelsen", parts.longDescription);
+    if (!causeKnown && !typed) {
+      if (textOutsideTags(parts.record))
+        report.add(label + ": tekst utenfor taggene går tapt ved lagring."_cp);
+      if (std::string tag = tagOutOfPlace(parts.record,
+                                          {key::positionX, key::positionY, key::methodName,
+                                           key::shortDescription, key::cellColor, key::cellFillStyle},
+                                          key::longDescription);
+          !tag.empty())
+        report.add(label + ": taggen '" + tag +
+                   "' står feil i posten, så posten endres ved hver lagring."_cp);
+    }
+    for (size_t axis = 0; axis < 2; ++axis)
+      if (parts.record.find("<" + std::string(kPositions[axis]) + ">") == std::string::npos) ++lacking[axis];
+    for (size_t axis = 0; axis < 2; ++axis)
+      reachesStart[axis] |= !(toSingle(numberField(parts.record, kPositions[axis])) > start[axis]);
     int32_t fill = toLong(numberField(parts.record, key::cellFillStyle));
     if (fill < 0 || fill > 7)
       report.add(label + " har fylltype " + std::to_string(fill) + ", utenfor 0 til 7.");
@@ -139,6 +202,16 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
       report.add(label + ": '</userMethod>' står rett foran '<userMethod>', så metoden bak går tapt."_cp);
     if (number <= static_cast<size_t>(ProjectStore::kMaxMethods)) names.insert(name);
   }
+  // A position without its tag reads as 0 and stays without it, so beside cells that have
+  // theirs, every compression at opening moves those once more.
+  for (size_t axis = 0; axis < 2; ++axis)
+    if (lacking[axis] > 0 && lacking[axis] < number)
+      report.add(std::to_string(lacking[axis]) + " av " + std::to_string(number) + " metoder mangler <" +
+                 std::string(kPositions[axis]) + ">; de andre flyttes ved hver lagring.");
+  for (size_t axis = 0; axis < 2; ++axis)
+    if (number > 0 && !reachesStart[axis])
+      report.add("Alle metodene har " + std::string(kPositions[axis]) + " over" + numberToText(start[axis]) +
+                 "; de flyttes på nytt ved hver åpning til de når margen."_cp);
   reportLoopEnd(
       report, text,
       {std::string(key::userMethod), "metode(r)", "metoder", ProjectStore::kMaxMethods, kSkipBehindMethod},
@@ -146,17 +219,31 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
   return names;
 }
 
-void checkLinks(Report& report, std::string_view text, const std::unordered_set<std::string>& names) {
+void checkLinks(Report& report, std::string_view text, const std::unordered_set<std::string>& names,
+                bool causeKnown) {
   ElementScanner scanner(text, key::userLink, kSkipBehindLink);
   size_t number = 0;
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     ++number;
-    for (std::string_view field : {key::linkSource, key::linkTarget}) {
-      std::string name = getField(element, field);
-      if (!names.contains(name))
-        report.add("Kobling " + std::to_string(number) + ": " + std::string(field) + " '" + name +
-                   "' er ingen metode, og koblingen blir fjernet.");
+    if (!causeKnown && textOutsideTags(element))
+      report.add("Kobling " + std::to_string(number) + ": tekst utenfor taggene går tapt ved lagring."_cp);
+    if (std::string tag = tagOutOfPlace(element, {key::linkSource, key::linkTarget}, {});
+        !causeKnown && !tag.empty())
+      report.add("Kobling " + std::to_string(number) + ": taggen '" + tag +
+                 "' står feil i posten, så posten endres ved hver lagring."_cp);
+    std::string source = getField(element, key::linkSource);
+    std::string target = getField(element, key::linkTarget);
+    // Without a name at one end the drawing leaves a link alone: never drawn, never removed.
+    if (source.empty() || target.empty()) {
+      report.add("Kobling " + std::to_string(number) + ": " +
+                 std::string(source.empty() ? key::linkSource : key::linkTarget) +
+                 " er tom, og koblingen blir verken tegnet eller fjernet.");
+      continue;
     }
+    for (const auto& [end, name] : {std::pair{key::linkSource, source}, std::pair{key::linkTarget, target}})
+      if (!names.contains(name))
+        report.add("Kobling " + std::to_string(number) + ": " + std::string(end) + " '" + name +
+                   "' er ingen metode, og koblingen blir fjernet.");
   }
   reportLoopEnd(
       report, text,
@@ -194,9 +281,21 @@ void checkSettling(Report& report, std::string_view fileText) {
 std::vector<std::string> checkProject(std::string_view fileText) {
   Report report;
   checkNumbers(report, fileText);
-  report.typedTags("Prosjektnavnet", getField(fileText, key::projectName));
-  report.typedTags("Prosjektbeskrivelsen", getField(fileText, key::projectDescription));
-  checkLinks(report, fileText, checkMethods(report, fileText));
+  bool causeKnown = false;
+  // A text opened but never closed reads as empty.
+  for (std::string_view field : {key::projectName, key::projectDescription, key::fontName}) {
+    size_t open = fileText.find("<" + std::string(field) + ">");
+    size_t close = fileText.find("</" + std::string(field) + ">");
+    if (open != std::string_view::npos && (close == std::string_view::npos || close < open)) {
+      causeKnown = true;
+      report.add(std::string(field) + " mangler '</" + std::string(field) + ">' bak '<" + std::string(field) +
+                 ">'; teksten leses som tom.");
+    }
+  }
+  causeKnown |= report.typedTags("Prosjektnavnet", getField(fileText, key::projectName));
+  causeKnown |= report.typedTags("Prosjektbeskrivelsen", getField(fileText, key::projectDescription));
+  causeKnown |= report.typedTags("Skriftnavnet", getField(fileText, key::fontName));
+  checkLinks(report, fileText, checkMethods(report, fileText, causeKnown), causeKnown);
   checkSettling(report, fileText);
   return report.take();
 }

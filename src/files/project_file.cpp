@@ -90,6 +90,11 @@ bool readProject(App& app, const std::string& path) {
   return true;
 }
 
+void readProjectFromText(App& app, const std::string& fileText) {
+  clearProject(app.store);
+  readProjectText(app, fileText);
+}
+
 bool showSaveDialog(App& app, const std::string& filter, const std::string& defaultExt) {
   CommonDialog& dialog = app.commonDialog;
   dialog.CancelError = true;

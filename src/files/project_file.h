@@ -16,6 +16,9 @@ bool writeProject(App& app, const std::string& fileName, const std::string& fold
 // not be opened or read; the lists are empty then, and no message was shown.
 bool readProject(App& app, const std::string& path);
 
+// The same reader on bytes already in memory.
+void readProjectFromText(App& app, const std::string& fileText);
+
 // The save dialog; on success projectFileName and projectFolder hold the choice.
 bool showSaveDialog(App& app, const std::string& filter, const std::string& defaultExt);
 void saveProjectAs(App& app);

@@ -4,18 +4,9 @@
 #include <string>
 
 #include "core/app.h"
+#include "core/window_size.h"
 
 namespace tavlero {
-
-// main's client area and place at start, in twips (1440 to the inch).
-constexpr float kMainClientWidthTwips = 14505;
-constexpr float kMainClientHeightTwips = 9840;
-constexpr float kMainLeftTwips = 165;
-constexpr float kMainTopTwips = 615;
-
-constexpr float twipsToMillimetres(float twips) {
-  return twips / 1440.0f * 25.4f;
-}
 
 // The text up to and with the last folder separator of path; empty without one.
 std::string folderOf(const std::string& path);
