@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# A plan made from nothing on the real program in a real X server: two methods added by
+# The real program in a real X server. A project that cannot be opened brings "Gale
+# parametre" and a failed end; then a plan made from nothing: two methods added by
 # double-click, typing and Enter, linked by a click and a Shift-click, saved with Ctrl+S
 # through the file dialog, and left by its menu. The saved file is checked byte for byte,
 # the positions aside, which follow the pointer.
@@ -40,6 +41,14 @@ addMethod() {
   await "Legg til ny metode" gone
 }
 
+# A project that cannot be opened: the message instead of the window, and a failed end.
+"$program" "$(dirname "$saved")/mangler/plan.tvl" &
+pid=$!
+await "Gale parametre"
+xdotool search --onlyvisible --name '^Tavlero$' >/dev/null && fail "the main window showed beside the message"
+xdotool windowfocus --sync "$found" key Return
+wait "$pid" && fail "a failed start ended with status 0"
+
 "$program" &
 pid=$!
 await Tavlero
@@ -62,7 +71,7 @@ kill -0 "$pid" 2>/dev/null && fail "the program did not end after the save"
 wait "$pid" || fail "exit status $?"
 INSIDE
 
-xvfb-run -a -s "-screen 0 1280x1024x24" bash "$work/inside.sh" "$work/tavlero" "$work/plan.tvl" || exit 1
+timeout 120 xvfb-run -a -s "-screen 0 1280x1024x24" bash "$work/inside.sh" "$work/tavlero" "$work/plan.tvl" || exit 1
 
 # Whole numbers with their blank where the pointer was, lesFil() left of and above main().
 [[ $(grep -cE '<position[XY]> [0-9]+</position[XY]>' "$work/plan.tvl") -eq 4 ]] ||
