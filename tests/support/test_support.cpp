@@ -22,7 +22,8 @@ MsgResult FakeUi::MsgBox(const std::string& prompt, MsgButtons buttons, MsgIcon 
   return buttons == MsgButtons::OK ? MsgResult::OK : MsgResult::Yes;
 }
 
-bool FakeCommonDialog::answer(std::deque<std::string>& queue) {
+bool FakeCommonDialog::answer(std::deque<std::string>& queue, int& shown) {
+  ++shown;
   filtersSeen.push_back(Filter);
   if (queue.empty()) return false;
   std::string path = queue.front();

@@ -56,11 +56,11 @@ class FakeCommonDialog : public CommonDialog {
   int opens = 0;
   int saves = 0;
   std::vector<std::string> filtersSeen;
-  bool ShowOpen() override { return ++opens, answer(openAnswers); }
-  bool ShowSave() override { return ++saves, answer(saveAnswers); }
+  bool ShowOpen() override { return answer(openAnswers, opens); }
+  bool ShowSave() override { return answer(saveAnswers, saves); }
 
  private:
-  bool answer(std::deque<std::string>& queue);
+  bool answer(std::deque<std::string>& queue, int& shown);
 };
 
 class FakeClipboard : public Clipboard {
@@ -69,9 +69,16 @@ class FakeClipboard : public Clipboard {
   std::string text;
   int pictures = 0;
   int clears = 0;
-  void Clear() override { ++clears, hasText = false, text.clear(); }
-  void SetText(const std::string& value) override { hasText = true, text = value; }
-  bool SetPicture(const Surface&, std::string&) override { return ++pictures; }
+  void Clear() override {
+    ++clears;
+    hasText = false;
+    text.clear();
+  }
+  void SetText(const std::string& value) override {
+    hasText = true;
+    text = value;
+  }
+  bool SetPicture(const Surface&, std::string&) override { return ++pictures > 0; }
 };
 
 class FakePictures : public PictureWriter {
@@ -85,7 +92,7 @@ class FakePictures : public PictureWriter {
 class FakePrinter : public Printer {
  public:
   int printed = 0;
-  bool PrintForm(std::string&) override { return ++printed; }
+  bool PrintForm(std::string&) override { return ++printed > 0; }
 };
 
 class FakeMethodForm : public MethodFormView {
@@ -101,11 +108,14 @@ class FakeMethodForm : public MethodFormView {
   std::string shortDescription() const override { return summary; }
   std::string longDescription() const override { return description; }
   void setTexts(const std::string& n, const std::string& s, const std::string& l) override {
-    name = n, summary = s, description = l;
+    name = n;
+    summary = s;
+    description = l;
   }
   void focusNameSelectAll() override {}
   void setErrorLabel(const std::string& caption, bool visible) override {
-    errorCaption = caption, errorVisible = visible;
+    errorCaption = caption;
+    errorVisible = visible;
   }
   void setOkDefault(bool) override {}
 };
@@ -129,8 +139,14 @@ class FakeMethodInfo : public MethodInfoView {
   void SetFocus() override {}
   float formWidth() const override { return width; }
   float formHeight() const override { return height; }
-  void placeButton(float left, float top) override { buttonLeft = left, buttonTop = top; }
-  void sizeBrowser(float w, float h) override { browserWidth = w, browserHeight = h; }
+  void placeButton(float left, float top) override {
+    buttonLeft = left;
+    buttonTop = top;
+  }
+  void sizeBrowser(float w, float h) override {
+    browserWidth = w;
+    browserHeight = h;
+  }
 };
 
 class FakeAbout : public AboutView {
