@@ -185,13 +185,6 @@ TEST_F(WindowTest, ClosingWithUnsavedWorkMayBeCancelled) {
   EXPECT_TRUE(window.isVisible());
 }
 
-TEST_F(WindowTest, PressesReachTheBoardInBoardUnits) {
-  for (int16_t cell : {int16_t{1}, int16_t{2}}) {
-    click(centreOf(cell));
-    EXPECT_EQ(app.store.selectedCell, cell);
-  }
-}
-
 TEST_F(WindowTest, EveryPhysicalPressOfADoubleClickReachesMouseDownOnce) {
   // A press on the selected cell draws it a fixed number of operations.
   QPointF at = centreOf(0);

@@ -22,7 +22,8 @@ MsgResult FakeUi::MsgBox(const std::string& prompt, MsgButtons buttons, MsgIcon 
   return buttons == MsgButtons::OK ? MsgResult::OK : MsgResult::Yes;
 }
 
-bool FakeCommonDialog::answer(std::deque<std::string>& queue) {
+bool FakeCommonDialog::answer(std::deque<std::string>& queue, int& shown) {
+  ++shown;
   filtersSeen.push_back(Filter);
   if (queue.empty()) return false;
   std::string path = queue.front();
@@ -33,32 +34,6 @@ bool FakeCommonDialog::answer(std::deque<std::string>& queue) {
   return true;
 }
 
-bool FakeCommonDialog::ShowOpen() {
-  ++opens;
-  return answer(openAnswers);
-}
-
-bool FakeCommonDialog::ShowSave() {
-  ++saves;
-  return answer(saveAnswers);
-}
-
-void FakeClipboard::Clear() {
-  ++clears;
-  hasText = false;
-  text.clear();
-}
-
-void FakeClipboard::SetText(const std::string& value) {
-  hasText = true;
-  text = value;
-}
-
-bool FakeClipboard::SetPicture(const Surface&, std::string&) {
-  ++pictures;
-  return true;
-}
-
 bool FakePictures::SavePicture(const Surface&, const std::string& path, PictureFormat, std::string& error) {
   if (fail) {
     error = "Kunne ikke lagre bildet.";
@@ -66,58 +41,6 @@ bool FakePictures::SavePicture(const Surface&, const std::string& path, PictureF
   }
   paths.push_back(path);
   return true;
-}
-
-bool FakePrinter::PrintForm(std::string& error) {
-  if (fail) {
-    error = "Fant ingen skriver.";
-    return false;
-  }
-  ++printed;
-  return true;
-}
-
-void FakeMethodForm::setTexts(const std::string& n, const std::string& s, const std::string& l) {
-  name = n;
-  summary = s;
-  description = l;
-}
-
-void FakeMethodForm::setErrorLabel(const std::string& caption, bool visible) {
-  errorCaption = caption;
-  errorVisible = visible;
-}
-
-void FakeProgramInfo::Show(const std::string& n, const std::string& d) {
-  shown = true;
-  name = n;
-  description = d;
-}
-
-void FakeMethodInfo::placeButton(float left, float top) {
-  buttonLeft = left;
-  buttonTop = top;
-}
-
-void FakeMethodInfo::sizeBrowser(float w, float h) {
-  browserWidth = w;
-  browserHeight = h;
-}
-
-std::unique_ptr<MethodFormView> FakeForms::makeMethodForm() {
-  return std::make_unique<FakeMethodForm>();
-}
-
-std::unique_ptr<MethodInfoView> FakeForms::makeMethodInfoForm() {
-  auto form = std::make_unique<FakeMethodInfo>();
-  lastMethodInfo = form.get();
-  return form;
-}
-
-std::unique_ptr<AboutView> FakeForms::makeAboutForm() {
-  auto form = std::make_unique<FakeAbout>();
-  lastAbout = form.get();
-  return form;
 }
 
 int16_t FakeWorld::addCell(const std::string& name, float x, float y, const std::string& summary,

@@ -56,11 +56,11 @@ class FakeCommonDialog : public CommonDialog {
   int opens = 0;
   int saves = 0;
   std::vector<std::string> filtersSeen;
-  bool ShowOpen() override;
-  bool ShowSave() override;
+  bool ShowOpen() override { return answer(openAnswers, opens); }
+  bool ShowSave() override { return answer(saveAnswers, saves); }
 
  private:
-  bool answer(std::deque<std::string>& queue);
+  bool answer(std::deque<std::string>& queue, int& shown);
 };
 
 class FakeClipboard : public Clipboard {
@@ -69,9 +69,16 @@ class FakeClipboard : public Clipboard {
   std::string text;
   int pictures = 0;
   int clears = 0;
-  void Clear() override;
-  void SetText(const std::string& value) override;
-  bool SetPicture(const Surface& canvas, std::string& error) override;
+  void Clear() override {
+    ++clears;
+    hasText = false;
+    text.clear();
+  }
+  void SetText(const std::string& value) override {
+    hasText = true;
+    text = value;
+  }
+  bool SetPicture(const Surface&, std::string&) override { return ++pictures > 0; }
 };
 
 class FakePictures : public PictureWriter {
@@ -85,56 +92,61 @@ class FakePictures : public PictureWriter {
 class FakePrinter : public Printer {
  public:
   int printed = 0;
-  bool fail = false;
-  bool PrintForm(std::string& error) override;
+  bool PrintForm(std::string&) override { return ++printed > 0; }
 };
 
 class FakeMethodForm : public MethodFormView {
  public:
-  bool shown = false;
-  bool unloaded = false;
   std::string captionText = "Legg til ny metode";
   std::string name, summary, description;
   std::string errorCaption;
   bool errorVisible = false;
-  bool okDefault = true;
-  void Show() override { shown = true; }
-  void Unload() override { unloaded = true; }
+  void Show() override {}
+  void Unload() override {}
   void setCaption(const std::string& caption) override { captionText = caption; }
   std::string methodName() const override { return name; }
   std::string shortDescription() const override { return summary; }
   std::string longDescription() const override { return description; }
-  void setTexts(const std::string& n, const std::string& s, const std::string& l) override;
+  void setTexts(const std::string& n, const std::string& s, const std::string& l) override {
+    name = n;
+    summary = s;
+    description = l;
+  }
   void focusNameSelectAll() override {}
-  void setErrorLabel(const std::string& caption, bool visible) override;
-  void setOkDefault(bool isDefault) override { okDefault = isDefault; }
+  void setErrorLabel(const std::string& caption, bool visible) override {
+    errorCaption = caption;
+    errorVisible = visible;
+  }
+  void setOkDefault(bool) override {}
 };
 
 class FakeProgramInfo : public ProgramInfoView {
  public:
   bool shown = false;
-  std::string name, description;
-  bool okDefault = true;
-  void Show(const std::string& n, const std::string& d) override;
+  void Show(const std::string&, const std::string&) override { shown = true; }
   void Hide() override { shown = false; }
-  void setOkDefault(bool isDefault) override { okDefault = isDefault; }
+  void setOkDefault(bool) override {}
 };
 
 class FakeMethodInfo : public MethodInfoView {
  public:
   bool shown = false;
-  std::vector<std::string> navigations;
-  int focus = 0;
   float width = 11625, height = 9225;
   float buttonLeft = 0, buttonTop = 0, browserWidth = 0, browserHeight = 0;
   void Show() override { shown = true; }
   void Hide() override { shown = false; }
-  void Navigate(const std::string& path) override { navigations.push_back(path); }
-  void SetFocus() override { ++focus; }
+  void Navigate(const std::string&) override {}
+  void SetFocus() override {}
   float formWidth() const override { return width; }
   float formHeight() const override { return height; }
-  void placeButton(float left, float top) override;
-  void sizeBrowser(float w, float h) override;
+  void placeButton(float left, float top) override {
+    buttonLeft = left;
+    buttonTop = top;
+  }
+  void sizeBrowser(float w, float h) override {
+    browserWidth = w;
+    browserHeight = h;
+  }
 };
 
 class FakeAbout : public AboutView {
@@ -150,10 +162,18 @@ class FakeForms : public FormFactory {
   FakeMethodInfo* lastMethodInfo = nullptr;
   FakeAbout* lastAbout = nullptr;
   FakeProgramInfo programInfo;
-  std::unique_ptr<MethodFormView> makeMethodForm() override;
-  std::unique_ptr<MethodInfoView> makeMethodInfoForm() override;
-  std::unique_ptr<AboutView> makeAboutForm() override;
+  std::unique_ptr<MethodFormView> makeMethodForm() override { return std::make_unique<FakeMethodForm>(); }
+  std::unique_ptr<MethodInfoView> makeMethodInfoForm() override { return made(lastMethodInfo); }
+  std::unique_ptr<AboutView> makeAboutForm() override { return made(lastAbout); }
   ProgramInfoView& programInfoForm() override { return programInfo; }
+
+ private:
+  template <typename Form>
+  static std::unique_ptr<Form> made(Form*& last) {
+    auto form = std::make_unique<Form>();
+    last = form.get();
+    return form;
+  }
 };
 
 // A fake of every platform interface, for an App over any surface.
