@@ -53,6 +53,8 @@ class Surface {
   void Circle(float x, float y, float radius);
   // Text at (CurrentX, CurrentY); CurrentX moves behind it, CurrentY stays.
   void Print(const std::string& text);
+  // Draws the picture's operations [from, to) again, exactly as they were drawn.
+  void repeat(size_t from, size_t to);
 
   // Extent in the current Font, in board units. TextHeight is one line height for any
   // text without line ends, the empty text included.
@@ -82,6 +84,15 @@ class Surface {
   float unitX_ = 1;
   float unitY_ = 1;
   DisplayList image_;
+};
+
+// A canvas for work whose output holds no geometry (the text files, the report, the
+// project file): every text measures nothing, so reading a plan needs no fonts, and every
+// record but the geometry comes out as on a real canvas.
+class UnmeasuredSurface : public Surface {
+ public:
+  float TextWidth(const std::string&) override { return 0; }
+  float TextHeight(const std::string&) override { return 0; }
 };
 
 }  // namespace tavlero
