@@ -66,6 +66,14 @@ void Surface::Circle(float x, float y, float radius) {
   addOp(DrawKind::Circle, x, y, radius, 0);
 }
 
+void Surface::repeat(size_t from, size_t to) {
+  for (size_t i = from; i < to; ++i) {
+    const DrawOp op = image_.ops()[i];  // a copy: adding may move the operations
+    image_.add(op);
+    imageAdded(DisplayList::bounds(op));
+  }
+}
+
 void Surface::Print(const std::string& text) {
   float width = TextWidth(text);
   float height = TextHeight(text);
