@@ -13,9 +13,11 @@ awk -v n="$count" 'BEGIN {
   ORS = "\r\n"
   print "<?xml version=\"1.0\"?>"; print "<projectName>Stort brett</projectName>"
   print "<projectDescription></projectDescription>"; print "<fontName>Arial</fontName>"
+  print "<minimumCellWidth> 25</minimumCellWidth>"; print "<maximumCellWidth> 50</maximumCellWidth>"
+  print "<nameFontSize> 6</nameFontSize>"; print "<infoFontSize> 4</infoFontSize>"
   for (i = 0; i < n; i++) {
     printf "<userMethod>\r\n\t<positionX> %d</positionX>\r\n\t<positionY> %d</positionY>\r\n", 10 + (i % 100) * 70, 10 + int(i / 100) * 40
-    printf "\t<methodName>metode%d()</methodName>\r\n\t<shortDescription>Gjør del %d av jobben.</shortDescription>\r\n", i, i
+    printf "\t<methodName>metode%d()</methodName>\r\n\t<shortDescription>Gj\370r del %d av jobben.</shortDescription>\r\n", i, i
     printf "\t<cellColor> %d</cellColor>\r\n\t<cellFillStyle> %d</cellFillStyle>\r\n", (i % 3) * 65535, i % 8
     printf "\t<longDescription>Metode %d leser, regner og skriver.</longDescription>\r\n", i; print "</userMethod>"
   }

@@ -49,6 +49,7 @@ void Surface::Cls() {
 }
 
 void Surface::addOp(DrawKind kind, float x1, float y1, float x2, float y2) {
+  if (!keepsImage_) return;
   DrawOp op{kind, x1, y1, x2, y2, ForeColor, FillColor, FillStyle, DrawStyle, drawWidth_};
   image_.add(op);
   imageAdded(DisplayList::bounds(op));
@@ -76,13 +77,15 @@ void Surface::repeat(size_t from, size_t to) {
 
 void Surface::Print(const std::string& text) {
   float width = TextWidth(text);
-  float height = TextHeight(text);
-  DrawOp op{DrawKind::Text, CurrentX,  CurrentY,  CurrentX + width, CurrentY + height,
-            ForeColor,      FillColor, FillStyle, DrawStyle,        drawWidth_};
-  op.text = image_.addText(text);
-  op.font = image_.addFont(Font);
-  image_.add(op);
-  imageAdded(DisplayList::bounds(op));
+  if (keepsImage_) {
+    float height = TextHeight(text);
+    DrawOp op{DrawKind::Text, CurrentX,  CurrentY,  CurrentX + width, CurrentY + height,
+              ForeColor,      FillColor, FillStyle, DrawStyle,        drawWidth_};
+    op.text = image_.addText(text);
+    op.font = image_.addFont(Font);
+    image_.add(op);
+    imageAdded(DisplayList::bounds(op));
+  }
   CurrentX += width;
 }
 
