@@ -59,7 +59,18 @@ void BM_QtRedrawBoard(benchmark::State& state) {
   state.SetComplexityN(state.range(0));
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-BENCHMARK(BM_QtRedrawBoard)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond)->Complexity();
+BENCHMARK(BM_QtRedrawBoard)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond)->Complexity();
+
+// A zoom in and back out: both levels seen before, after the first round.
+void BM_QtZoomInOut(benchmark::State& state) {
+  auto desktop = startDesktop(static_cast<int>(state.range(0)));
+  for (auto _ : state) {
+    tavlero::zoomIn(desktop->app());
+    tavlero::zoomOut(desktop->app());
+  }
+  state.SetComplexityN(state.range(0));
+}
+BENCHMARK(BM_QtZoomInOut)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond);
 
 // The first redraw after a project was read: no text measured yet.
 void BM_QtFirstRedraw(benchmark::State& state) {

@@ -2,6 +2,7 @@
 // The headless tool's framework: a session that starts as the program starts, and a
 // table of commands that each file of cli/ adds to with one RegisterCommand object.
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,11 +19,12 @@ inline constexpr int kExitDone = 0;
 inline constexpr int kExitProblems = 1;  // check found something, or a plan was read beyond the limits
 inline constexpr int kExitFailure = 2;   // bad usage, or a file that cannot be read or written
 
-// One program start: the headless platform, the canvas with real text measures, the App.
+// One program start: the headless platform, the canvas, the App.
 class Session {
  public:
-  // settingsPath empty: tavlero.cfg beside the program.
-  Session(std::string programPath, std::string settingsPath);
+  // settingsPath empty: tavlero.cfg beside the program. measured: a canvas with the
+  // machine's real text measures, which needs a running QGuiApplication.
+  Session(std::string programPath, std::string settingsPath, bool measured);
 
   App& app() { return app_; }
   HeadlessClipboard& clipboard() { return clipboard_; }
@@ -39,7 +41,7 @@ class Session {
  private:
   std::string programPath_;
   std::string settingsPath_;
-  QtSurface canvas_;
+  std::unique_ptr<Surface> canvas_;
   HeadlessUi ui_;
   HeadlessDialog dialog_;
   HeadlessClipboard clipboard_;
@@ -57,6 +59,8 @@ struct Command {
   std::string_view arguments;  // as shown in the usage text, e.g. "IN.tvl OUT.tvl"
   std::string_view summary;
   CommandRun run;
+  // Draws a picture: the canvas needs Qt and the machine's fonts.
+  bool draws = false;
 };
 
 // A static object of this type in a file of cli/ adds its command to the table.

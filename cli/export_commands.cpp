@@ -98,7 +98,7 @@ const RegisterCommand kPicture({"picture", "IN.tvl OUT.bmp|.png|.svg|.pdf",
                                 "skriver bildet av brettet etter innlesing: BMP som menyen skriver, PNG for "
                                 ".png, og for .svg og .pdf en vektortegning med tekst som tekst, uansett "
                                 "brettets størrelse",
-                                picture});
+                                picture, true});
 
 }  // namespace
 

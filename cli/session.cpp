@@ -16,10 +16,12 @@ std::vector<Command>& table() {
 
 }  // namespace
 
-Session::Session(std::string programPath, std::string settingsPath)
+Session::Session(std::string programPath, std::string settingsPath, bool measured)
     : programPath_(std::move(programPath)),
       settingsPath_(std::move(settingsPath)),
-      app_(canvas_, Platform{ui_, dialog_, clipboard_, pictures_, printer_, forms_}) {}
+      canvas_(measured ? std::unique_ptr<Surface>(std::make_unique<QtSurface>())
+                       : std::make_unique<UnmeasuredSurface>()),
+      app_(*canvas_, Platform{ui_, dialog_, clipboard_, pictures_, printer_, forms_}) {}
 
 void Session::start() {
   Form_Load(app_, programPath_, "", settingsPath_);

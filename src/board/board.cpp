@@ -192,16 +192,28 @@ int16_t linkDirection(float sourceX, float sourceY, float targetX, float targetY
 
 void redrawBoard(App& app) {
   ProjectStore& store = app.store;
-  app.canvas.Cls();
-  app.canvas.setDrawWidth(toInteger(store.zoomFactor + 0.1));
+  Surface& canvas = app.canvas;
+  canvas.Cls();
+  canvas.setDrawWidth(toInteger(store.zoomFactor + 0.1));
+  const int32_t foreColor = canvas.ForeColor;
+  const int16_t drawStyle = canvas.DrawStyle;
+  const size_t firstCellOp = canvas.Image().size();
   int16_t cells = store.itemList.ListCount();
   for (int16_t i = 0; i < cells; ++i) drawCell(app, i);
+  const size_t lastCellOp = canvas.Image().size();
   // Drawing never renames a cell, so one index serves every link of this redraw.
   NameIndex names = buildNameIndex(store);
   int16_t links = store.linkList.ListCount();
   for (int16_t i = 0; i < links; ++i) drawLinkWith(app, i, &names);
-  if (store.doubleDraw)
-    for (int16_t i = 0; i < cells; ++i) drawCell(app, i);
+  if (store.doubleDraw) {
+    // The cells over the links. Links change no record of a cell, and leave the pen as
+    // the cells found it, so the cells' operations come out as they did the first time
+    // and their geometry records stand; drawing them again costs a copy.
+    if (canvas.ForeColor == foreColor && canvas.DrawStyle == drawStyle)
+      canvas.repeat(firstCellOp, lastCellOp);
+    else
+      for (int16_t i = 0; i < cells; ++i) drawCell(app, i);
+  }
   removeBlankLinks(app);
 }
 

@@ -49,6 +49,7 @@ void Surface::Cls() {
 }
 
 void Surface::addOp(DrawKind kind, float x1, float y1, float x2, float y2) {
+  if (!keepsImage_) return;
   DrawOp op{kind, x1, y1, x2, y2, ForeColor, FillColor, FillStyle, DrawStyle, drawWidth_};
   image_.add(op);
   imageAdded(DisplayList::bounds(op));
@@ -66,15 +67,25 @@ void Surface::Circle(float x, float y, float radius) {
   addOp(DrawKind::Circle, x, y, radius, 0);
 }
 
+void Surface::repeat(size_t from, size_t to) {
+  for (size_t i = from; i < to; ++i) {
+    const DrawOp op = image_.ops()[i];  // a copy: adding may move the operations
+    image_.add(op);
+    imageAdded(DisplayList::bounds(op));
+  }
+}
+
 void Surface::Print(const std::string& text) {
   float width = TextWidth(text);
-  float height = TextHeight(text);
-  DrawOp op{DrawKind::Text, CurrentX,  CurrentY,  CurrentX + width, CurrentY + height,
-            ForeColor,      FillColor, FillStyle, DrawStyle,        drawWidth_};
-  op.text = image_.addText(text);
-  op.font = image_.addFont(Font);
-  image_.add(op);
-  imageAdded(DisplayList::bounds(op));
+  if (keepsImage_) {
+    float height = TextHeight(text);
+    DrawOp op{DrawKind::Text, CurrentX,  CurrentY,  CurrentX + width, CurrentY + height,
+              ForeColor,      FillColor, FillStyle, DrawStyle,        drawWidth_};
+    op.text = image_.addText(text);
+    op.font = image_.addFont(Font);
+    image_.add(op);
+    imageAdded(DisplayList::bounds(op));
+  }
   CurrentX += width;
 }
 

@@ -53,6 +53,8 @@ class Surface {
   void Circle(float x, float y, float radius);
   // Text at (CurrentX, CurrentY); CurrentX moves behind it, CurrentY stays.
   void Print(const std::string& text);
+  // Draws the picture's operations [from, to) again, exactly as they were drawn.
+  void repeat(size_t from, size_t to);
 
   // Extent in the current Font, in board units. TextHeight is one line height for any
   // text without line ends, the empty text included.
@@ -70,6 +72,8 @@ class Surface {
   // Called after the picture changed: cleared, or an operation added within these bounds.
   virtual void imageCleared() {}
   virtual void imageAdded(const BoardRect& bounds) {}
+  // For a canvas whose picture nobody looks at: drawing then only places and measures.
+  void keepNoImage() { keepsImage_ = false; }
 
  private:
   void addOp(DrawKind kind, float x1, float y1, float x2, float y2);
@@ -82,6 +86,17 @@ class Surface {
   float unitX_ = 1;
   float unitY_ = 1;
   DisplayList image_;
+  bool keepsImage_ = true;
+};
+
+// A canvas for work whose output holds no geometry (the text files, the report, the
+// project file): every text measures nothing and no picture is kept, so reading a plan
+// needs no fonts, and every record but the geometry comes out as on a real canvas.
+class UnmeasuredSurface : public Surface {
+ public:
+  UnmeasuredSurface() { keepNoImage(); }
+  float TextWidth(const std::string&) override { return 0; }
+  float TextHeight(const std::string&) override { return 0; }
 };
 
 }  // namespace tavlero

@@ -10,7 +10,9 @@
 namespace tavlero {
 
 namespace {
-constexpr size_t kFontCacheSize = 4;
+// Two fonts at each of the five zoom levels, so a zoom back to a level seen before
+// measures nothing again.
+constexpr size_t kFontCacheSize = 10;
 constexpr size_t kWidthCacheSize = 1 << 17;
 
 // The lines of a text: a line ends at CR LF, CR or LF.
@@ -81,10 +83,10 @@ QtSurface::MeasuredFont& QtSurface::measured() {
 }
 
 double QtSurface::lineWidth(MeasuredFont& font, std::string_view line) {
-  std::string key(line);
-  auto it = font.widths.find(key);
+  auto it = font.widths.find(line);
   if (it != font.widths.end()) return it->second;
   if (font.widths.size() >= kWidthCacheSize) font.widths.clear();
+  std::string key(line);
   double width = font.metrics.horizontalAdvance(fromCp1252(key));
   font.widths.emplace(std::move(key), width);
   return width;

@@ -73,11 +73,16 @@ class QtSurface : public Surface {
    private:
     int dpi_;
   };
+  // Looks a line up by its view, so that a hit costs no copy of the text.
+  struct LineHash {
+    using is_transparent = void;
+    size_t operator()(std::string_view line) const { return std::hash<std::string_view>()(line); }
+  };
   struct MeasuredFont {
     FontSpec fontSpec;
     QFontMetricsF metrics;
     // A redraw measures the same texts again and again; shaping them is the cost.
-    std::unordered_map<std::string, double> widths;  // pixels
+    std::unordered_map<std::string, double, LineHash, std::equal_to<>> widths;  // pixels
   };
   MeasuredFont& measured();
   double lineWidth(MeasuredFont& font, std::string_view line);

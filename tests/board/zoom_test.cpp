@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "board/board.h"
+#include "core/record.h"
 #include "test_support.h"
 
 namespace tavlero {
@@ -80,6 +83,41 @@ TEST(Redraw, DoubleDrawPaintsCellsOverLinks) {
         std::count_if(ops.begin(), ops.end(), [](const DrawOp& op) { return op.kind == DrawKind::Box; });
     EXPECT_EQ(boxes, doubleDraw ? 4 : 2);
     EXPECT_EQ(ops.back().kind == DrawKind::Circle, !doubleDraw);
+  }
+}
+
+// The redraw copies its first drawing of the cells for the second; it must come out as
+// drawing them again would, with a cell and a link selected and whatever pen it found.
+TEST(Redraw, SecondDrawingOfTheCellsIsTheFirstOnceMore) {
+  auto board = [](testing::FakeWorld& world, int32_t pen) {
+    world.addCell("A", 10, 10, "en lang nok tekst til to linjer her", 255);
+    world.addCell("B", 100, 10, "kort");
+    world.addLinkRecord("A", "B");
+    world.app.store.selectedCell = 1;
+    world.app.store.selectedLink = 0;
+    world.canvas.ForeColor = pen;
+  };
+  auto seen = [](const Surface& canvas) {
+    std::vector<
+        std::tuple<DrawKind, float, float, float, float, int32_t, int32_t, int16_t, int16_t, std::string>>
+        ops;
+    for (const DrawOp& op : canvas.Image().ops())
+      ops.emplace_back(op.kind, op.x1, op.y1, op.x2, op.y2, op.foreColor, op.fillColor, op.fillStyle,
+                       op.drawStyle, op.kind == DrawKind::Text ? canvas.Image().text(op.text) : "");
+    return ops;
+  };
+  for (int32_t pen : {0, 255}) {
+    testing::FakeWorld redrawn, drawn;
+    board(redrawn, pen);
+    board(drawn, pen);
+    redrawBoard(redrawn.app);
+    drawn.canvas.Cls();
+    drawn.canvas.setDrawWidth(toInteger(drawn.app.store.zoomFactor + 0.1));
+    for (int16_t i : {0, 1}) drawCell(drawn.app, i);
+    drawLink(drawn.app, 0);
+    for (int16_t i : {0, 1}) drawCell(drawn.app, i);
+    EXPECT_EQ(seen(redrawn.canvas), seen(drawn.canvas)) << pen;
+    EXPECT_EQ(redrawn.app.store.sizeList.items(), drawn.app.store.sizeList.items());
   }
 }
 

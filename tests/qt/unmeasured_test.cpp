@@ -1,0 +1,74 @@
+// The headless tool reads plans on a canvas that measures no text. Everything it writes
+// must be what the desktop program writes after reading on the real Qt surface: every
+// plan of the test data and the examples, through each command that draws nothing.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "export/html_report.h"
+#include "export/info_view.h"
+#include "export/text_scheme.h"
+#include "files/project_file.h"
+#include "qt/qt_surface.h"
+#include "qt_test_app.h"
+#include "test_support.h"
+
+namespace tavlero::testing {
+namespace {
+
+struct Written {
+  std::vector<std::string> messages;
+  std::string project, scheme, clipboard, report, projectPage, methodPage;
+  int leftOut = 0;
+};
+
+Written readAndWrite(Surface& canvas, const std::string& plan) {
+  TempDir dir;
+  FakePlatform world;
+  App app(canvas, world.platform());
+  Written out;
+  Form_Load(app, dir.file("tavlero"), plan, dir.file("tavlero.cfg"));
+  out.leftOut = app.store.leftOutAtReading;
+  if (writeProject(app, dir.file("out.tvl"), "")) out.project = readFile(dir.file("out.tvl"));
+  out.scheme = buildScheme(app.store, true);
+  copySchemeText(app);
+  out.clipboard = world.clipboard.text;
+  out.report = buildHtmlReport(app.store);
+  out.projectPage = infoPageFileText(app.store);
+  app.store.selectedCell = 0;
+  out.methodPage = infoPageFileText(app.store);
+  for (const Message& message : world.ui.messages) out.messages.push_back(message.prompt);
+  return out;
+}
+
+std::vector<std::string> plans() {
+  std::vector<std::string> found;
+  for (const std::string& root : {dataPath(""), std::string(TAVLERO_EXAMPLES)})
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root))
+      if (entry.path().extension() == ".tvl") found.push_back(entry.path().string());
+  return found;
+}
+
+TEST(Unmeasured, WritesWhatTheMeasuredCanvasWrites) {
+  ensureQtApp();
+  std::vector<std::string> all = plans();
+  ASSERT_GT(all.size(), 20u);
+  for (const std::string& plan : all) {
+    SCOPED_TRACE(plan);
+    QtSurface measured(96);
+    UnmeasuredSurface unmeasured;
+    Written desktop = readAndWrite(measured, plan);
+    Written headless = readAndWrite(unmeasured, plan);
+    EXPECT_EQ(headless.messages, desktop.messages);
+    EXPECT_EQ(headless.leftOut, desktop.leftOut);
+    EXPECT_EQ(headless.project, desktop.project);
+    EXPECT_EQ(headless.scheme, desktop.scheme);
+    EXPECT_EQ(headless.clipboard, desktop.clipboard);
+    EXPECT_EQ(headless.report, desktop.report);
+    EXPECT_EQ(headless.projectPage, desktop.projectPage);
+    EXPECT_EQ(headless.methodPage, desktop.methodPage);
+  }
+}
+
+}  // namespace
+}  // namespace tavlero::testing
