@@ -9,8 +9,8 @@
 #include <unordered_set>
 
 #include "core/record.h"
-#include "program/startup.h"
 #include "files/project_text.h"
+#include "program/startup.h"
 
 namespace tavlero::fuzzing {
 
