@@ -113,9 +113,9 @@ TEST(Redraw, SecondDrawingOfTheCellsIsTheFirstOnceMore) {
     redrawBoard(redrawn.app);
     drawn.canvas.Cls();
     drawn.canvas.setDrawWidth(toInteger(drawn.app.store.zoomFactor + 0.1));
-    for (int16_t i : {0, 1}) drawCell(drawn.app, i);
+    for (int16_t i : {int16_t{0}, int16_t{1}}) drawCell(drawn.app, i);
     drawLink(drawn.app, 0);
-    for (int16_t i : {0, 1}) drawCell(drawn.app, i);
+    for (int16_t i : {int16_t{0}, int16_t{1}}) drawCell(drawn.app, i);
     EXPECT_EQ(seen(redrawn.canvas), seen(drawn.canvas)) << pen;
     EXPECT_EQ(redrawn.app.store.sizeList.items(), drawn.app.store.sizeList.items());
   }

@@ -149,7 +149,7 @@ TEST_P(SaveRules, KeepWhatTheUserHad) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, SaveRules, ::testing::ValuesIn(kRuleCases),
-                         [](const auto& info) { return info.param.name; });
+                         [](const auto& testCase) { return testCase.param.name; });
 
 // Names longer than the temporary file's own, up to the longest the system allows.
 TEST(SaveFile, TakesEveryLegalName) {

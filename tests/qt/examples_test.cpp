@@ -67,8 +67,9 @@ std::vector<std::string> examples() {
   return names;
 }
 
-INSTANTIATE_TEST_SUITE_P(Examples, ExampleTest, ::testing::ValuesIn(examples()),
-                         [](const auto& info) { return std::filesystem::path(info.param).stem().string(); });
+INSTANTIATE_TEST_SUITE_P(Examples, ExampleTest, ::testing::ValuesIn(examples()), [](const auto& testCase) {
+  return std::filesystem::path(testCase.param).stem().string();
+});
 
 }  // namespace
 }  // namespace tavlero::testing

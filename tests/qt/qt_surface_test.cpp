@@ -133,7 +133,7 @@ TEST_F(QtSurfaceTest, TheLogicDrawsCellsLinksAndTheSelection) {
 TEST_F(QtSurfaceTest, ACellSelectedOftenLooksAsAfterARedraw) {
   ASSERT_TRUE(readBoard());
   for (int round = 0; round < 10; ++round)
-    for (int16_t selected : {1, -1}) {
+    for (int16_t selected : {int16_t{1}, int16_t{-1}}) {
       app.store.selectedCell = selected;
       drawCell(app, 1);
     }

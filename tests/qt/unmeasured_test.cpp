@@ -19,7 +19,7 @@ namespace {
 struct Written {
   std::vector<std::string> messages;
   std::string project, scheme, clipboard, report, projectPage, methodPage;
-  int leftOut = 0;
+  size_t leftOut = 0;
 };
 
 Written readAndWrite(Surface& canvas, const std::string& plan) {
