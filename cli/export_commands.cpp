@@ -72,7 +72,7 @@ bool savePicture(App& app, const std::string& path, std::string& reason) {
   if (endsWith(path, ".svg")) return saveVectorPicture(app.canvas, VectorFormat::Svg, path, reason);
   if (endsWith(path, ".pdf")) return saveVectorPicture(app.canvas, VectorFormat::Pdf, path, reason);
   const PictureFormat format = endsWith(path, ".png") ? PictureFormat::Png : PictureFormat::Bmp;
-  return app.pictures.SavePicture(app.canvas, path, format, reason);
+  return app.platform.pictures.SavePicture(app.canvas, path, format, reason);
 }
 
 int picture(Session& session, std::vector<std::string>& args) {

@@ -32,8 +32,8 @@ bool Session::open(const std::string& in) {
   // not leave one behind where there was none.
   std::error_code error;
   if (!std::filesystem::exists(in, error)) {
-    app_.ui.MsgBox("En feil oppstod under åpning av filen: '"_cp + utf8ToCp1252(in) + "'", MsgButtons::OK,
-                   MsgIcon::Critical, "Gale parametre");
+    app_.platform.ui.MsgBox("En feil oppstod under åpning av filen: '"_cp + utf8ToCp1252(in) + "'",
+                            MsgButtons::OK, MsgIcon::Critical, "Gale parametre");
     return false;
   }
   return Form_Load(app_, programPath_, in, settingsPath_);

@@ -236,7 +236,7 @@ void zoomBy(App& app, float step) {
 
 void zoomIn(App& app) {
   if (!(app.store.zoomFactor < 3.0f)) {
-    app.ui.Beep();
+    app.platform.ui.Beep();
     return;
   }
   zoomBy(app, 0.5f);
@@ -244,7 +244,7 @@ void zoomIn(App& app) {
 
 void zoomOut(App& app) {
   if (!(app.store.zoomFactor > 1.0f)) {
-    app.ui.Beep();
+    app.platform.ui.Beep();
     return;
   }
   zoomBy(app, -0.5f);

@@ -48,7 +48,7 @@ void compressBoard(App& app) {
   const float room = app.store.maximumCellWidth * zoom;
   app.canvas.setHeight(largestY * zoom - smallestY * zoom + room);
   app.canvas.setWidth(largestX * zoom - smallestX * zoom + room);
-  app.ui.DoEvents();
+  app.platform.ui.DoEvents();
 }
 
 void compress_Click(App& app) {

@@ -19,8 +19,8 @@ void addLink(App& app, int16_t source, int16_t target) {
   for (const std::string& existing : store.linkList.items())
     if (existing == record) return;
   if (store.linkList.ListCount() >= ProjectStore::kMaxLinks) {
-    app.ui.Beep();
-    app.ui.MsgBox(
+    app.platform.ui.Beep();
+    app.platform.ui.MsgBox(
         "Planen har allerede 32767 koblinger, som er det meste den kan holde. Koblingen ble ikke laget."_cp,
         MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
     return;

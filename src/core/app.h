@@ -35,23 +35,11 @@ struct Platform {
 
 class App {
  public:
-  App(Surface& surface, Platform platform)
-      : canvas(surface),
-        ui(platform.ui),
-        commonDialog(platform.commonDialog),
-        clipboard(platform.clipboard),
-        pictures(platform.pictures),
-        printer(platform.printer),
-        forms(platform.forms) {}
+  App(Surface& surface, Platform services) : canvas(surface), platform(services) {}
 
   ProjectStore store;
   Surface& canvas;
-  Ui& ui;
-  CommonDialog& commonDialog;
-  Clipboard& clipboard;
-  PictureWriter& pictures;
-  Printer& printer;
-  FormFactory& forms;
+  Platform platform;
 
   DemoRectangle demoRectangle;
 

@@ -42,7 +42,7 @@ void selectCell(App& app, int16_t hit) {
   const std::string& geometry = store.sizeList.List(store.selectedCell);
   rect.Width = toSingle(numberField(geometry, key::X2) - rect.Left);
   rect.Height = toSingle(numberField(geometry, key::Y2) - rect.Top);
-  app.ui.demoRectangleChanged();
+  app.platform.ui.demoRectangleChanged();
 }
 
 void linkToCell(App& app, int16_t hit) {
@@ -89,9 +89,9 @@ void dropCell(App& app, float X, float Y) {
     shiftBoard(app, 0, 10 - newY);
     canvas.Move(canvas.Left(), newY + 10);
   }
-  app.ui.DoEvents();
+  app.platform.ui.DoEvents();
   app.demoRectangle.Visible = false;
-  app.ui.demoRectangleChanged();
+  app.platform.ui.demoRectangleChanged();
   redrawBoard(app);
   store.dragStartX = 0;
   store.dragStartY = 0;
@@ -119,7 +119,7 @@ void canvas_MouseMove(App& app, int16_t Button, int16_t Shift, float X, float Y)
   ProjectStore& store = app.store;
   store.lastMouseX = toLong(X);
   store.lastMouseY = toLong(Y);
-  app.ui.setCaption(mainCaption(store, X, Y));
+  app.platform.ui.setCaption(mainCaption(store, X, Y));
 
   if (Button == kLeftButton && store.selectedCell != -1) {
     // Only the rectangle follows the pointer; the board is left alone until the drop.
@@ -127,24 +127,24 @@ void canvas_MouseMove(App& app, int16_t Button, int16_t Shift, float X, float Y)
     rect.Top = toSingle(storedPosition(store, key::positionY) - store.dragStartY + Y);
     rect.Left = toSingle(storedPosition(store, key::positionX) - store.dragStartX + X);
     rect.Visible = true;
-    app.ui.demoRectangleChanged();
+    app.platform.ui.demoRectangleChanged();
   }
   if (Button == kRightButton) {
     // X is measured on the moving canvas, so X - dragStartX is how far the pointer has
     // left the point it grabbed; the sum mixes units as the pan always has.
-    app.ui.setMousePointer(kPointerSizeAll);
+    app.platform.ui.setMousePointer(kPointerSizeAll);
     Surface& canvas = app.canvas;
     int16_t left = toInteger(static_cast<double>(canvas.Left()) + X - store.dragStartX);
     int16_t top = toInteger(static_cast<double>(canvas.Top()) + Y - store.dragStartY);
     canvas.Move(left, top);
-    app.ui.refreshMain();
-    app.ui.DoEvents();
+    app.platform.ui.refreshMain();
+    app.platform.ui.DoEvents();
   }
 }
 
 void canvas_MouseUp(App& app, int16_t Button, int16_t Shift, float X, float Y) {
   if (app.demoRectangle.Visible && app.store.selectedCell != -1) dropCell(app, X, Y);
-  app.ui.setMousePointer(kPointerDefault);
+  app.platform.ui.setMousePointer(kPointerDefault);
 }
 
 }  // namespace tavlero

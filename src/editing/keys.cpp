@@ -45,7 +45,8 @@ unsigned char lowerCase(unsigned char c) {
 }
 
 bool confirmDeletion(App& app, const std::string& prompt) {
-  return app.ui.MsgBox(prompt, MsgButtons::YesNo, MsgIcon::Exclamation, "Bekreft sletting") == MsgResult::Yes;
+  return app.platform.ui.MsgBox(prompt, MsgButtons::YesNo, MsgIcon::Exclamation, "Bekreft sletting") ==
+         MsgResult::Yes;
 }
 
 void deleteSelectedCell(App& app) {

@@ -20,7 +20,7 @@ void renameInLink(StringList& links, int16_t index, std::string_view field, cons
 
 void showError(App& app, const std::string& text) {
   app.addMethodForm->setErrorLabel(text, true);
-  app.ui.Beep();
+  app.platform.ui.Beep();
 }
 
 bool nameExists(const ProjectStore& store, const std::string& name) {
@@ -76,8 +76,8 @@ void editCell(App& app, const MethodFormView& form) {
 // main stays disabled while the form is open, so the selection cannot change under it.
 void openForm(App& app, bool editSelected) {
   if (app.addMethodForm) return;
-  app.ui.setMainEnabled(false);
-  app.addMethodForm = app.forms.makeMethodForm();
+  app.platform.ui.setMainEnabled(false);
+  app.addMethodForm = app.platform.forms.makeMethodForm();
   MethodFormView& form = *app.addMethodForm;
   form.Show();
   if (editSelected) {
@@ -117,8 +117,8 @@ void addMethodForm_Command2_Click(App& app) {
 }
 
 void addMethodForm_Command1_Click(App& app) {
-  app.ui.setMainEnabled(true);
-  app.ui.focusMain();
+  app.platform.ui.setMainEnabled(true);
+  app.platform.ui.focusMain();
   // Taken out first, so that a close that the discarding itself raises finds the form gone.
   if (auto form = std::move(app.addMethodForm)) form->Unload();
 }

@@ -30,7 +30,8 @@ bool writeExportFile(App& app, const std::string& path, std::string_view bytes) 
 }
 
 void showExportFailure(App& app, const std::string& path, const std::string& reason) {
-  app.ui.MsgBox(fileMessage(FileAction::Save, path, reason), MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
+  app.platform.ui.MsgBox(fileMessage(FileAction::Save, path, reason), MsgButtons::OK, MsgIcon::Exclamation,
+                         "Tavlero");
 }
 
 }  // namespace tavlero

@@ -3,8 +3,8 @@
 namespace tavlero {
 
 void editClass_Click(App& app) {
-  app.ui.setMainEnabled(false);
-  app.forms.programInfoForm().Show(app.store.programName, app.store.programDescription);
+  app.platform.ui.setMainEnabled(false);
+  app.platform.forms.programInfoForm().Show(app.store.programName, app.store.programDescription);
 }
 
 void programInfoForm_programName_Change(App& app, const std::string& text) {
@@ -18,26 +18,26 @@ void programInfoForm_programDescription_Change(App& app, const std::string& text
 // Once the description has had the focus, Enter stays a line break there and presses OK
 // nowhere in the form, for as long as the form lives.
 void programInfoForm_programDescription_GotFocus(App& app) {
-  app.forms.programInfoForm().setOkDefault(false);
+  app.platform.forms.programInfoForm().setOkDefault(false);
 }
 
 void programInfoForm_Command1_Click(App& app) {
-  app.ui.setMainEnabled(true);
-  app.ui.focusMain();
-  app.forms.programInfoForm().Hide();
+  app.platform.ui.setMainEnabled(true);
+  app.platform.ui.focusMain();
+  app.platform.forms.programInfoForm().Hide();
   app.store.markChanged();
 }
 
 void aboutmenu_Click(App& app) {
-  app.ui.setMainEnabled(false);
-  app.aboutForm = app.forms.makeAboutForm();
+  app.platform.ui.setMainEnabled(false);
+  app.aboutForm = app.platform.forms.makeAboutForm();
   app.aboutForm->Show();
 }
 
 void aboutForm_Command1_Click(App& app) {
   if (!app.aboutForm) return;
-  app.ui.setMainEnabled(true);
-  app.ui.focusMain();
+  app.platform.ui.setMainEnabled(true);
+  app.platform.ui.focusMain();
   app.aboutForm->Unload();
   app.aboutForm.reset();
 }

@@ -22,9 +22,9 @@ constexpr float kButtonHeight = 615;
 
 // Back to the closed state when the page can't be made: main must never stay disabled.
 void failOpening(App& app, const std::string& path, const std::string& reason) {
-  app.ui.setMainEnabled(true);
+  app.platform.ui.setMainEnabled(true);
   showExportFailure(app, path, reason);
-  app.ui.focusMain();
+  app.platform.ui.focusMain();
 }
 
 }  // namespace
@@ -46,7 +46,7 @@ std::string infoPageFileText(const ProjectStore& store) {
 }
 
 void showMethodInfo(App& app) {
-  app.ui.setMainEnabled(false);
+  app.platform.ui.setMainEnabled(false);
   std::string reason;
   if (!saveFileAtomically(kPageName, infoPageFileText(app.store), reason)) {
     failOpening(app, kPageName, reason);
@@ -62,7 +62,7 @@ void showMethodInfo(App& app) {
   if (folder.empty() || folder.back() != '/') folder += '/';
   app.store.infoPageFolder = folder;
 
-  if (!app.methodInfoForm) app.methodInfoForm = app.forms.makeMethodInfoForm();
+  if (!app.methodInfoForm) app.methodInfoForm = app.platform.forms.makeMethodInfoForm();
   app.methodInfoForm->Show();
   methodInfoForm_Form_Resize(app);
   app.methodInfoForm->Navigate(app.store.infoPageFolder + kPageName);
@@ -71,8 +71,8 @@ void showMethodInfo(App& app) {
 
 void methodInfoForm_Command1_Click(App& app) {
   if (!app.methodInfoForm) return;
-  app.ui.setMainEnabled(true);
-  app.ui.focusMain();
+  app.platform.ui.setMainEnabled(true);
+  app.platform.ui.focusMain();
   app.methodInfoForm->Hide();
   app.methodInfoForm->Navigate("");
   // A page that something still holds stays behind; there is nothing the user could do.

@@ -9,15 +9,15 @@ namespace {
 
 // The platform gives the cause; the message adds what did not happen.
 void showFailure(App& app, const std::string& reason, const std::string& consequence) {
-  app.ui.MsgBox(reason + " " + consequence, MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
+  app.platform.ui.MsgBox(reason + " " + consequence, MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
 }
 
 }  // namespace
 
 void copyBoardPicture(App& app) {
-  app.clipboard.Clear();
+  app.platform.clipboard.Clear();
   std::string reason;
-  if (!app.clipboard.SetPicture(app.canvas, reason))
+  if (!app.platform.clipboard.SetPicture(app.canvas, reason))
     showFailure(app, reason, "Bildet ble ikke lagt på utklippstavlen."_cp);
 }
 
@@ -25,13 +25,13 @@ void saveBoardPicture(App& app) {
   auto path = chooseExportPath(app, "Punktgrafikk (*.bmp)|*.bmp", "*.bmp");
   if (!path) return;
   std::string reason;
-  if (!app.pictures.SavePicture(app.canvas, *path, PictureFormat::Bmp, reason))
+  if (!app.platform.pictures.SavePicture(app.canvas, *path, PictureFormat::Bmp, reason))
     showExportFailure(app, *path, reason);
 }
 
 void printproject_Click(App& app) {
   std::string reason;
-  if (!app.printer.PrintForm(reason)) showFailure(app, reason, "Utskriften ble ikke laget.");
+  if (!app.platform.printer.PrintForm(reason)) showFailure(app, reason, "Utskriften ble ikke laget.");
 }
 
 }  // namespace tavlero

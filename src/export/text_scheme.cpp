@@ -53,8 +53,8 @@ std::string buildScheme(const ProjectStore& store, bool forFile) {
 void copySchemeText(App& app) {
   if (app.store.itemList.ListCount() == 0) return;
   std::string text = buildScheme(app.store, false);
-  app.clipboard.Clear();
-  app.clipboard.SetText(text);
+  app.platform.clipboard.Clear();
+  app.platform.clipboard.SetText(text);
 }
 
 void saveSchemeText(App& app) {

@@ -12,7 +12,8 @@ namespace {
 // The question before work is dropped. False when the user chose Cancel.
 bool askToSave(App& app, const std::string& question) {
   if (app.store.isSaved) return true;
-  MsgResult answer = app.ui.MsgBox(question, MsgButtons::YesNoCancel, MsgIcon::Exclamation, "Advarsel");
+  MsgResult answer =
+      app.platform.ui.MsgBox(question, MsgButtons::YesNoCancel, MsgIcon::Exclamation, "Advarsel");
   if (answer == MsgResult::Cancel) return false;
   if (answer == MsgResult::Yes) saveProject_Click(app);
   return true;
@@ -36,15 +37,15 @@ void newproject_Click(App& app) {
   store.currentColor = defaults::cellColor;
   store.currentFillStyle = defaults::fillStyle;
   loadSettings(app);
-  app.ui.setCaption("Tavlero");
+  app.platform.ui.setCaption("Tavlero");
   store.projectFileName.clear();
   store.projectFolder.clear();
   store.programDescription.clear();
   store.programName.clear();
   store.clearLongDescriptions();
-  app.ui.DoEvents();
-  app.canvas.setWidth(app.ui.mainScaleWidth());
-  app.canvas.setHeight(app.ui.mainScaleHeight());
+  app.platform.ui.DoEvents();
+  app.canvas.setWidth(app.platform.ui.mainScaleWidth());
+  app.canvas.setHeight(app.platform.ui.mainScaleHeight());
   app.canvas.Move(0, 0);
   store.isSaved = true;
   redrawBoard(app);

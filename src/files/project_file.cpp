@@ -24,11 +24,11 @@ void reportLeftOut(App& app, size_t methods, size_t links) {
   std::string lost;
   if (methods > 0) lost = countText(methods, "metode", "metoder");
   if (links > 0) lost += (lost.empty() ? "" : " og ") + countText(links, "kobling", "koblinger");
-  app.ui.MsgBox("Prosjektet har flere metoder eller koblinger enn en plan kan holde (" +
-                    std::to_string(ProjectStore::kMaxMethods) + " metoder og " +
-                    std::to_string(ProjectStore::kMaxLinks) + " koblinger). " + lost +
-                    " ble ikke lest inn."_cp,
-                MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
+  app.platform.ui.MsgBox("Prosjektet har flere metoder eller koblinger enn en plan kan holde (" +
+                             std::to_string(ProjectStore::kMaxMethods) + " metoder og " +
+                             std::to_string(ProjectStore::kMaxLinks) + " koblinger). " + lost +
+                             " ble ikke lest inn."_cp,
+                         MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
 }
 
 // Everything of the reader after the file was read; the lists are already empty.
@@ -44,8 +44,8 @@ void readProjectText(App& app, const std::string& fileText) {
 
   if (!(store.minimumCellWidth >= 1.0f) || !(store.maximumCellWidth >= 1.0f) || store.nameFontSize < 1 ||
       store.infoFontSize < 1) {
-    app.ui.MsgBox("Det oppstod problemer under parsing. Dokumentet vil antakelig ikke vises riktig.",
-                  MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
+    app.platform.ui.MsgBox("Det oppstod problemer under parsing. Dokumentet vil antakelig ikke vises riktig.",
+                           MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
     loadSettings(app);
   }
 
@@ -73,8 +73,8 @@ void clearProject(ProjectStore& store) {
 bool writeProject(App& app, const std::string& fileName, const std::string& folder) {
   std::string path = folder + fileName;
   if (FileError error = saveFile(path, projectFileText(app.store)); error != FileError::None) {
-    app.ui.MsgBox(fileMessage(FileAction::Save, path, error), MsgButtons::OK, MsgIcon::Exclamation,
-                  "Tavlero");
+    app.platform.ui.MsgBox(fileMessage(FileAction::Save, path, error), MsgButtons::OK, MsgIcon::Exclamation,
+                           "Tavlero");
     return false;
   }
   app.store.isSaved = true;
@@ -96,7 +96,7 @@ void readProjectFromText(App& app, const std::string& fileText) {
 }
 
 bool showSaveDialog(App& app, const std::string& filter, const std::string& defaultExt) {
-  CommonDialog& dialog = app.commonDialog;
+  CommonDialog& dialog = app.platform.commonDialog;
   dialog.CancelError = true;
   dialog.FileName.clear();
   dialog.DefaultExt = defaultExt;
@@ -114,7 +114,7 @@ void saveProjectAs(App& app) {
 }
 
 void openProjectDialog(App& app) {
-  CommonDialog& dialog = app.commonDialog;
+  CommonDialog& dialog = app.platform.commonDialog;
   dialog.CancelError = true;
   dialog.DefaultExt = kProjectExt;
   dialog.Filter = kProjectFilter;
@@ -125,8 +125,8 @@ void openProjectDialog(App& app) {
   std::string fileText;
   if (FileError error = readWholeFile(dialog.FileName, fileText, IfMissing::CreateEmpty);
       error != FileError::None) {
-    app.ui.MsgBox(fileMessage(FileAction::Open, dialog.FileName, error), MsgButtons::OK, MsgIcon::Exclamation,
-                  "Tavlero");
+    app.platform.ui.MsgBox(fileMessage(FileAction::Open, dialog.FileName, error), MsgButtons::OK,
+                           MsgIcon::Exclamation, "Tavlero");
     return;
   }
   app.store.projectFileName = dialog.FileTitle;

@@ -71,8 +71,9 @@ std::optional<std::string> settingsText(App& app) {
   std::string text;
   FileError error = readWholeFile(path, text, IfMissing::CreateEmpty);
   if (error == FileError::IsFolder || error == FileError::NotRegular || error == FileError::TooLarge)
-    app.ui.MsgBox(fileMessage(FileAction::Open, path, error) + " Programmet bruker standardinnstillingene.",
-                  MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
+    app.platform.ui.MsgBox(
+        fileMessage(FileAction::Open, path, error) + " Programmet bruker standardinnstillingene.",
+        MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
   if (error != FileError::None) return std::nullopt;
   if (text.empty()) {
     // What the file now holds; the same values when it could not be written after all.

@@ -37,9 +37,9 @@ bool Form_Load(App& app, const std::string& programPath, const std::string& comm
   store.doubleDraw = true;
   store.htmlTableColumns = defaults::htmlTableColumns;
   store.fieldSeparator = defaults::fieldSeparator;
-  app.ui.DoEvents();
-  canvas.setWidth(app.ui.mainScaleWidth());
-  canvas.setHeight(app.ui.mainScaleHeight());
+  app.platform.ui.DoEvents();
+  canvas.setWidth(app.platform.ui.mainScaleWidth());
+  canvas.setHeight(app.platform.ui.mainScaleHeight());
   store.isSaved = true;
   store.actionKey = defaults::actionKey;
   store.quoteChar = defaults::quoteChar;
@@ -61,8 +61,8 @@ bool Form_Load(App& app, const std::string& programPath, const std::string& comm
   }
   if (ok) ok = readProject(app, path);
   if (ok) return true;
-  app.ui.MsgBox("En feil oppstod under åpning av filen: '"_cp + utf8ToCp1252(path) + "'", MsgButtons::OK,
-                MsgIcon::Critical, "Gale parametre");
+  app.platform.ui.MsgBox("En feil oppstod under åpning av filen: '"_cp + utf8ToCp1252(path) + "'",
+                         MsgButtons::OK, MsgIcon::Critical, "Gale parametre");
   return false;
 }
 
@@ -73,8 +73,8 @@ void Form_GotFocus(App& app) {
 bool Form_QueryUnload(App& app) {
   if (app.store.isSaved) return true;
   MsgResult answer =
-      app.ui.MsgBox("Du har gjort endringer siden du sist lagret. Vil du lagre før du avslutter?"_cp,
-                    MsgButtons::YesNoCancel, MsgIcon::Exclamation, "Advarsel");
+      app.platform.ui.MsgBox("Du har gjort endringer siden du sist lagret. Vil du lagre før du avslutter?"_cp,
+                             MsgButtons::YesNoCancel, MsgIcon::Exclamation, "Advarsel");
   if (answer == MsgResult::Cancel) return false;
   if (answer == MsgResult::Yes) saveProject_Click(app);
   return true;

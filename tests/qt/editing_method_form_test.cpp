@@ -168,7 +168,7 @@ TEST_F(DesktopTest, DialogLabelsFitAtAnyDesktopFont) {
 // while the dialog was hidden.
 TEST_F(DesktopTest, ProgramInfoEditsTheProject) {
   editClass_Click(app);
-  auto& form = dynamic_cast<QtProgramInfoForm&>(app.forms.programInfoForm());
+  auto& form = dynamic_cast<QtProgramInfoForm&>(app.platform.forms.programInfoForm());
   form.programName->setText(QStringLiteral("Lager"));
   QTest::mouseClick(form.command1, Qt::LeftButton);
   EXPECT_FALSE(form.isVisible());
