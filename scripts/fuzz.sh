@@ -14,7 +14,7 @@ parallel=false
 seconds=${1:-60}
 shift || true
 targets=("$@")
-((${#targets[@]})) || targets=(records read_project round_trip settings check exports editing browser_html)
+((${#targets[@]})) || targets=(records read_project round_trip settings check exports editing browser_html save)
 
 bash scripts/install-deps.sh --fuzz
 CC=clang CXX=clang++ cmake -S . -B build-fuzz -DTAVLERO_BUILD_FUZZ=ON -DTAVLERO_BUILD_QT=OFF \
