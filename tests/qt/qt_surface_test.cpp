@@ -7,6 +7,7 @@
 #include "export/pictures.h"
 #include "qt/board_painter.h"
 #include "qt/qt_outputs.h"
+#include "qt/qt_printer.h"
 #include "qt_world.h"
 
 namespace tavlero {
