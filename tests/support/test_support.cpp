@@ -111,4 +111,16 @@ std::vector<std::vector<std::string>> readCases(const std::string& relative) {
   return rows;
 }
 
+std::vector<std::vector<float>> numberGroups(const std::string& field) {
+  std::vector<std::vector<float>> groups;
+  std::istringstream list(field);
+  for (std::string group; std::getline(list, group, ';');) {
+    std::istringstream numbers(group);
+    std::vector<float>& found = groups.emplace_back();
+    for (float number; numbers >> number;) found.push_back(number);
+    if (!numbers.eof()) found.clear();
+  }
+  return groups;
+}
+
 }  // namespace tavlero::testing
