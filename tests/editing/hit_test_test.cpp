@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 #include <tuple>
 
@@ -19,15 +18,11 @@ TEST(HitTest, FindsTheLowestEntryAtThePoint) {
   for (const auto& c : readCases("editing/hits.txt")) {
     FakeWorld world;
     const bool link = c.at(1) == "link";
-    std::istringstream boxes(c.at(2));
-    for (std::string box; std::getline(boxes, box, ';');) {
-      std::istringstream corners(box);
-      float x1, y1, x2, y2;
+    for (const auto& box : numberGroups(c.at(2)))
       (link ? world.app.store.linkSizeList : world.app.store.sizeList)
-          .AddItem(corners >> x1 >> y1 >> x2 >> y2
-                       ? buildGeometry(numberToText(x1), numberToText(y1), numberToText(x2), numberToText(y2))
-                       : std::string(kGeometryPlaceholder));
-    }
+          .AddItem(box.empty() ? std::string(kGeometryPlaceholder)
+                               : buildGeometry(numberToText(box.at(0)), numberToText(box.at(1)),
+                                               numberToText(box.at(2)), numberToText(box.at(3))));
     const float x = std::stof(c.at(3)), y = std::stof(c.at(4));
     EXPECT_EQ(link ? findLinkAt(world.app, x, y) : findCellAt(world.app, x, y), std::stoi(c.at(5))) << c[0];
   }
