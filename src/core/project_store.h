@@ -8,11 +8,13 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/default_font.h"
+
 namespace tavlero {
 
-// What the program variables hold at start, and again where a command resets them.
+// What the program variables hold at start, and again where a command resets them; the
+// font name beside the canvas's.
 namespace defaults {
-inline constexpr const char* fontName = "Arial";
 inline constexpr int32_t cellColor = 16777215;  // white
 inline constexpr int32_t fillStyle = 0;         // solid
 inline constexpr float zoomFactor = 2.0f;

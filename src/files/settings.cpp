@@ -11,15 +11,22 @@ namespace tavlero {
 
 namespace {
 
-constexpr std::string_view kDefaultSettings =
-    "<?xml version=\"1.0\"?>\r\n"
-    "<minimumCellWidth>25</minimumCellWidth>\r\n"
-    "<maximumCellWidth>50</maximumCellWidth>\r\n"
-    "<nameFontSize>6</nameFontSize>\r\n"
-    "<infoFontSize>4</infoFontSize>\r\n"
-    "<fontName>Arial</fontName>\r\n"
-    "<doubleDraw>True</doubleDraw>\r\n"
-    "<actionKey>k</actionKey>\r\n";
+// The file as writeDefaultSettings writes it: the start-up values, so that a first start
+// and a later one are alike; numbers without the project file's leading blank.
+const std::string& defaultSettings() {
+  static const std::string text = [] {
+    auto line = [](std::string_view key, std::string_view value) {
+      return "<" + std::string(key) + ">" + std::string(value) + "</" + std::string(key) + ">\r\n";
+    };
+    auto number = [](auto value) { return numberToText(value).substr(1); };
+    return "<?xml version=\"1.0\"?>\r\n" + line(key::minimumCellWidth, number(defaults::minimumCellWidth)) +
+           line(key::maximumCellWidth, number(defaults::maximumCellWidth)) +
+           line(key::nameFontSize, number(defaults::nameFontSize)) +
+           line(key::infoFontSize, number(defaults::infoFontSize)) + line(key::fontName, defaults::fontName) +
+           line(key::doubleDraw, "True") + line(key::actionKey, defaults::actionKey);
+  }();
+  return text;
+}
 
 bool equalsIgnoringCase(std::string_view text, std::string_view word) {
   if (text.size() != word.size()) return false;
@@ -78,7 +85,7 @@ std::optional<std::string> settingsText(App& app) {
   if (text.empty()) {
     // What the file now holds; the same values when it could not be written after all.
     writeDefaultSettings(app);
-    text = kDefaultSettings;
+    text = defaultSettings();
   }
   return text;
 }
@@ -99,7 +106,7 @@ void loadSettings(App& app) {
 }
 
 void writeDefaultSettings(App& app) {
-  saveFile(app.store.settingsPath, kDefaultSettings);
+  saveFile(app.store.settingsPath, defaultSettings());
 }
 
 }  // namespace tavlero

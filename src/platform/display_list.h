@@ -8,10 +8,12 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/default_font.h"
+
 namespace tavlero {
 
 struct FontSpec {
-  std::string Name = "Arial";
+  std::string Name = defaults::fontName;
   float Size = 8.25f;  // points
   bool Bold = false;
   bool operator==(const FontSpec&) const = default;

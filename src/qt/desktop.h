@@ -7,6 +7,7 @@
 #include "qt/qt_common_dialog.h"
 #include "qt/qt_forms.h"
 #include "qt/qt_outputs.h"
+#include "qt/qt_printer.h"
 #include "qt/qt_surface.h"
 #include "qt/qt_ui.h"
 

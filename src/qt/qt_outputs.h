@@ -1,9 +1,7 @@
 #pragma once
-// The clipboard, the picture file and the printer on Qt. Pictures are rendered from the
-// canvas's display list on demand; a board too large to render is refused with a reason.
-
-#include <QPointer>
-#include <QWidget>
+// The clipboard and the picture file on Qt GUI alone, so tavlero-cli needs no widgets.
+// Pictures are rendered from the canvas's display list on demand; a board too large to
+// render is refused with a reason.
 
 #include "platform/outputs.h"
 
@@ -21,16 +19,6 @@ class QtPictureWriter : public PictureWriter {
   // BMP, or PNG for a path that ends in ".png".
   bool SavePicture(const Surface& canvas, const std::string& path, PictureFormat format,
                    std::string& error) override;
-};
-
-class QtPrinter : public Printer {
- public:
-  // window: the main window, whose picture goes to paper.
-  explicit QtPrinter(QWidget* window) : window_(window) {}
-  bool PrintForm(std::string& error) override;
-
- private:
-  QPointer<QWidget> window_;
 };
 
 }  // namespace tavlero

@@ -28,47 +28,29 @@ TEST(DrawCell, WritesTheGeometryOfTheBoxExample) {
   drawCell(app, 0);
   EXPECT_EQ(app.store.sizeList.List(0), "<X1> 9</X1><Y1> 19</Y1><X2> 42.25</X2><Y2> 33</Y2>");
   const DrawOp& box = canvas.Image().ops().front();
-  EXPECT_EQ(box.kind, DrawKind::Box);
-  EXPECT_EQ(box.fillColor, 65535);
-  EXPECT_EQ(box.fillStyle, 6);
   // The surface is left as the next drawing expects it.
-  EXPECT_EQ(canvas.ForeColor, 0);
-  EXPECT_EQ(canvas.FillStyle, 1);
-  EXPECT_EQ(canvas.FillColor, 0);
+  EXPECT_EQ(std::tuple(box.kind, box.fillColor, box.fillStyle, canvas.ForeColor, canvas.FillStyle,
+                       canvas.FillColor),
+            std::tuple(DrawKind::Box, 65535, 6, 0, 1, 0));
 }
 
-struct WidthCase {
-  float minimum, maximum;
-  int nameLength;  // characters of one unit each
-  float width;
-  float bottom;  // name lines and the one summary line, 4 units each, from y 10
-};
-
-class CellWidthTest : public ::testing::TestWithParam<WidthCase> {};
-
-TEST_P(CellWidthTest, FollowsTheNameBetweenTheLimits) {
-  const auto& c = GetParam();
-  FakeWorld world;
-  world.app.store.minimumCellWidth = c.minimum;
-  world.app.store.maximumCellWidth = c.maximum;
-  // A long summary wraps to the cell and never widens it; the name wraps at its blanks.
-  std::string name;
-  for (int i = 0; i < c.nameLength; ++i) name += (i % 10 == 9) ? ' ' : 'x';
-  world.addCell(name, 10, 10, "a summary far longer than any of the cells here, in many words");
-  world.addCell("", 10, 10);
-  drawCell(world.app, 0);
-  Box box = readBox(world.app.store.sizeList.List(0));
-  EXPECT_FLOAT_EQ(box.x2 - box.x1, c.width + 2);
-  EXPECT_GT(box.y2, c.bottom) << "the summary adds its lines";
+// The cases of tests/data/board/cell_widths.txt. A long summary wraps to the cell and never
+// widens it; the name wraps at its blanks.
+TEST(DrawCell, WidthFollowsTheNameBetweenTheLimits) {
+  for (const auto& c : testing::readCases("board/cell_widths.txt")) {
+    FakeWorld world;
+    world.app.store.minimumCellWidth = std::stof(c.at(0));
+    world.app.store.maximumCellWidth = std::stof(c.at(1));
+    std::string name;
+    for (int i = 0; i < std::stoi(c.at(2)); ++i) name += (i % 10 == 9) ? ' ' : 'x';
+    world.addCell(name, 10, 10, "a summary far longer than any of the cells here, in many words");
+    world.addCell("", 10, 10);
+    drawCell(world.app, 0);
+    Box box = readBox(world.app.store.sizeList.List(0));
+    EXPECT_FLOAT_EQ(box.x2 - box.x1, std::stof(c.at(3)) + 2) << c[0] << ' ' << c[2];
+    EXPECT_GT(box.y2, std::stof(c.at(4))) << "the summary adds its lines";
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Limits, CellWidthTest,
-    ::testing::Values(WidthCase{25, 50, 3, 25, 18}, WidthCase{25, 50, 25, 25, 18},
-                      WidthCase{25, 50, 30, 30, 18}, WidthCase{25, 50, 50, 50, 18},
-                      WidthCase{25, 50, 80, 50, 22},
-                      // A minimum above the maximum: the maximum wins only for wider names.
-                      WidthCase{40, 30, 20, 40, 18}, WidthCase{40, 30, 35, 30, 22}));
 
 TEST(DrawCell, RoundsPositionsToEvenAndLeavesTheRecord) {
   FakeWorld world;
@@ -77,12 +59,12 @@ TEST(DrawCell, RoundsPositionsToEvenAndLeavesTheRecord) {
   world.addCell("", 5, 5);
   redrawBoard(world.app);
   const auto& sizes = world.app.store.sizeList;
-  EXPECT_EQ(std::tuple(readBox(sizes.List(0)).x1, readBox(sizes.List(0)).y1), std::tuple(9.0f, 11.0f));
-  EXPECT_EQ(getField(world.app.store.itemList.List(0), "positionX"), " 10.5");
-  EXPECT_EQ(getField(sizes.List(1), "X1"), "-1");
-  // A cell without a name is not painted and keeps its placeholder, so it can't be hit.
-  EXPECT_EQ(sizes.List(2), "X1: 0 Y1: 0 X2: 0 Y2: 0");
-  EXPECT_TRUE(world.app.store.isSaved) << "drawing is no change of the project";
+  // A cell without a name is not painted and keeps its placeholder, so it can't be hit;
+  // drawing is no change of the project.
+  EXPECT_EQ(std::tuple(readBox(sizes.List(0)).x1, readBox(sizes.List(0)).y1,
+                       getField(world.app.store.itemList.List(0), "positionX"), getField(sizes.List(1), "X1"),
+                       sizes.List(2), world.app.store.isSaved),
+            std::tuple(9.0f, 11.0f, " 10.5", "-1", "X1: 0 Y1: 0 X2: 0 Y2: 0", true));
 }
 
 TEST(DrawCell, SelectionColours) {
@@ -109,12 +91,11 @@ TEST(DrawCell, GrowsTheSurfaceOnlyForAnOriginBeyondIt) {
   world.addCell("low", 10, 80);
   world.addCell("a wide name that reaches over the right edge", 95, 10);
   drawCell(world.app, 2);
-  EXPECT_FLOAT_EQ(world.canvas.Width(), 200);
+  EXPECT_EQ(world.canvas.Width(), 200);
   drawCell(world.app, 0);
-  EXPECT_FLOAT_EQ(world.canvas.Width(), 2 * 150 + 100);
-  EXPECT_FLOAT_EQ(world.canvas.Height(), 100);
+  EXPECT_EQ(std::tuple(world.canvas.Width(), world.canvas.Height()), std::tuple(2 * 150 + 100, 100));
   drawCell(world.app, 1);
-  EXPECT_FLOAT_EQ(world.canvas.Height(), 2 * 80 + 50);
+  EXPECT_EQ(world.canvas.Height(), 2 * 80 + 50);
 }
 
 }  // namespace

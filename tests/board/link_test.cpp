@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "board/board.h"
 #include "board/links.h"
 #include "core/record.h"
@@ -9,13 +11,10 @@ namespace tavlero {
 namespace {
 
 TEST(LinkDirection, LongerDistanceChoosesTheSideAndTiesGoVertical) {
-  EXPECT_EQ(linkDirection(0, 0, 10, 2), 1);
-  EXPECT_EQ(linkDirection(0, 0, -10, 2), 3);
-  EXPECT_EQ(linkDirection(0, 0, 2, 10), 2);
-  EXPECT_EQ(linkDirection(0, 0, 2, -10), 0);
-  EXPECT_EQ(linkDirection(0, 0, 5, 5), 2);
-  EXPECT_EQ(linkDirection(0, 0, 5, -5), 0);
-  EXPECT_EQ(linkDirection(3, 3, 3, 3), 0);
+  const std::tuple<float, float, float, float, int16_t> cases[] = {
+      {0, 0, 10, 2, 1}, {0, 0, -10, 2, 3}, {0, 0, 2, 10, 2}, {0, 0, 2, -10, 0},
+      {0, 0, 5, 5, 2},  {0, 0, 5, -5, 0},  {3, 3, 3, 3, 0}};
+  for (auto [x1, y1, x2, y2, side] : cases) EXPECT_EQ(linkDirection(x1, y1, x2, y2), side) << x2 << ',' << y2;
 }
 
 // One unit per character, lines 4 high, minimum width 25: a one-letter cell at (x, y)
@@ -43,18 +42,13 @@ TEST_F(LinkDrawing, JoinsFacingSidesWithACircleInTheSourceColours) {
     if (op.kind == DrawKind::Line) lines.push_back(&op);
     if (op.kind == DrawKind::Circle) circles.push_back(&op);
   }
-  ASSERT_EQ(lines.size(), 2u);
-  ASSERT_EQ(circles.size(), 2u);
-  EXPECT_EQ(lines[0]->foreColor, 255) << "the selected link is red";
-  EXPECT_EQ(lines[1]->foreColor, 0);
-  EXPECT_EQ(lines[0]->drawStyle, 1);
-  EXPECT_EQ(lines[0]->drawWidth, 1) << "a link is one pixel wide at every zoom";
-  EXPECT_FLOAT_EQ(circles[0]->x1, 99);
-  EXPECT_FLOAT_EQ(circles[0]->x2, 1);
-  EXPECT_EQ(circles[0]->fillColor, 255);
-  EXPECT_EQ(circles[0]->fillStyle, 4);
-  EXPECT_EQ(world.canvas.DrawStyle, 0);
-  EXPECT_EQ(world.canvas.DrawWidth(), 2);
+  ASSERT_EQ(std::tuple(lines.size(), circles.size()), std::tuple(2u, 2u));
+  // The selected link is red; a link is one pixel wide at every zoom; the pen is put back.
+  EXPECT_EQ(std::tuple(lines[0]->foreColor, lines[1]->foreColor, lines[0]->drawStyle, lines[0]->drawWidth),
+            std::tuple(255, 0, 1, 1));
+  EXPECT_EQ(std::tuple(circles[0]->x1, circles[0]->x2, circles[0]->fillColor, circles[0]->fillStyle,
+                       world.canvas.DrawStyle, world.canvas.DrawWidth()),
+            std::tuple(99.0f, 1.0f, 255, 4, 0, 2));
 }
 
 TEST_F(LinkDrawing, OppositeLinksShareEndsAndTheLastCellOfANameWins) {
@@ -79,37 +73,37 @@ TEST_F(LinkDrawing, LinksThatLostACellAreSweptOutInOneRedraw) {
   for (auto [source, target] : {std::pair{"A", "gone"}, {"gone", "B"}, {"A", "B"}, {"a", "B"}, {"C", "A"}})
     world.addLinkRecord(source, target);
   redrawBoard(world.app);
-  ASSERT_EQ(store.linkList.ListCount(), 2);
-  ASSERT_EQ(store.linkSizeList.ListCount(), 2);
-  EXPECT_EQ(getField(store.linkList.List(0), "linkSource"), "A");
-  EXPECT_EQ(getField(store.linkList.List(1), "linkSource"), "C");
-  EXPECT_NE(store.linkSizeList.List(1).find("<X1>"), std::string::npos);
-  EXPECT_TRUE(store.isSaved) << "sweeping links is no change of the project";
+  ASSERT_EQ(std::tuple(store.linkList.ListCount(), store.linkSizeList.ListCount()), std::tuple(2, 2));
+  // Sweeping links is no change of the project.
+  EXPECT_EQ(std::tuple(getField(store.linkList.List(0), "linkSource"),
+                       getField(store.linkList.List(1), "linkSource"),
+                       store.linkSizeList.List(1).find("<X1>") != std::string::npos, store.isSaved),
+            std::tuple("A", "C", true, true));
 }
 
 TEST_F(LinkDrawing, AddLinkRefusesSelfLinksDuplicatesAndAFullPlan) {
   world.addCell("A", 10, 10);
   world.addCell("B", 100, 10);
   addLink(world.app, 0, 0);
-  EXPECT_EQ(store.linkList.ListCount(), 0);
-  EXPECT_TRUE(store.isSaved) << "a refused self link is no change";
+  EXPECT_EQ(std::tuple(store.linkList.ListCount(), store.isSaved), std::tuple(0, true))
+      << "a self link is no change";
   addLink(world.app, 0, 1);
-  EXPECT_EQ(store.linkList.List(0), "<linkSource>A</linkSource><linkTarget>B</linkTarget>");
-  EXPECT_EQ(store.linkSizeList.List(0), "<X1>0</X1><Y1>0</Y1><X2>0</X2><Y2>0</Y2>");
+  EXPECT_EQ(std::tuple(store.linkList.List(0), store.linkSizeList.List(0)),
+            std::tuple("<linkSource>A</linkSource><linkTarget>B</linkTarget>",
+                       "<X1>0</X1><Y1>0</Y1><X2>0</X2><Y2>0</Y2>"));
   store.isSaved = true;
   addLink(world.app, 0, 1);
-  EXPECT_EQ(store.linkList.ListCount(), 1);
-  EXPECT_FALSE(store.isSaved) << "a refused duplicate still counts as a change";
+  EXPECT_EQ(std::tuple(store.linkList.ListCount(), store.isSaved), std::tuple(1, false))
+      << "a refused duplicate still counts as a change";
   // A record read from a file carries white space, so it is no duplicate of a fresh one.
   store.linkList.setList(0, "\r\n\t<linkSource>A</linkSource><linkTarget>B</linkTarget>\r\n");
   addLink(world.app, 0, 1);
   EXPECT_EQ(store.linkList.ListCount(), 2);
   while (store.linkList.AddItem("x")) store.linkSizeList.AddItem("x");
   addLink(world.app, 1, 0);
-  EXPECT_EQ(store.linkList.ListCount(), ProjectStore::kMaxLinks);
-  EXPECT_EQ(store.linkSizeList.ListCount(), ProjectStore::kMaxLinks);
-  EXPECT_EQ(world.ui.beeps, 1);
-  EXPECT_EQ(world.ui.messages.size(), 1u);
+  EXPECT_EQ(std::tuple(store.linkList.ListCount(), store.linkSizeList.ListCount(), world.ui.beeps,
+                       world.ui.messages.size()),
+            std::tuple(ProjectStore::kMaxLinks, ProjectStore::kMaxLinks, 1, 1u));
 }
 
 TEST(RemoveBlankLinks, KeepsListsParallelAndInOrder) {
@@ -120,9 +114,8 @@ TEST(RemoveBlankLinks, KeepsListsParallelAndInOrder) {
     store.linkSizeList.AddItem(std::string(entry) + "g");
   }
   removeBlankLinks(world.app);
-  ASSERT_EQ(store.linkList.ListCount(), 2);
-  EXPECT_EQ(store.linkList.List(1), "b");
-  EXPECT_EQ(store.linkSizeList.List(0), "ag");
+  EXPECT_EQ(std::tuple(store.linkList.items(), store.linkSizeList.items()),
+            std::tuple(std::vector<std::string>{"a", "b"}, std::vector<std::string>{"ag", "bg"}));
 }
 
 }  // namespace

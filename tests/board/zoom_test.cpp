@@ -23,35 +23,24 @@ class Zoom : public ::testing::Test {
   }
 };
 
-TEST_F(Zoom, StepsKeepTheExtentInBoardUnits) {
+TEST_F(Zoom, StepsKeepTheExtentInBoardUnitsAndLimitsOnlyBeep) {
   // The start-up pair sets a unit of 2 mm and ends where it began.
-  EXPECT_FLOAT_EQ(store.zoomFactor, 2.0f);
-  EXPECT_FLOAT_EQ(canvas.Width(), 250);
-  EXPECT_FLOAT_EQ(canvas.ScaleWidth(), 125);
+  EXPECT_EQ(std::tuple(store.zoomFactor, canvas.Width(), canvas.ScaleWidth()),
+            std::tuple(2.0f, 250.0f, 125.0f));
   zoomIn(world.app);
-  EXPECT_FLOAT_EQ(canvas.Width(), 312.5f);
-  EXPECT_FLOAT_EQ(canvas.ScaleWidth(), 125);
-  EXPECT_FLOAT_EQ(canvas.ScaleHeight(), 50);
-  EXPECT_EQ(world.ui.beeps, 0);
-}
-
-TEST_F(Zoom, LimitsOnlyBeepAndDrawWidthFollows) {
-  for (int i = 0; i < 3; ++i) zoomOut(world.app);
-  EXPECT_FLOAT_EQ(store.zoomFactor, 1.0f);
-  EXPECT_EQ(world.ui.beeps, 1);
+  EXPECT_EQ(std::tuple(canvas.Width(), canvas.ScaleWidth(), canvas.ScaleHeight(), world.ui.beeps),
+            std::tuple(312.5f, 125.0f, 50.0f, 0));
+  for (int i = 0; i < 4; ++i) zoomOut(world.app);
+  EXPECT_EQ(std::tuple(store.zoomFactor, world.ui.beeps), std::tuple(1.0f, 1));
   const std::pair<float, int16_t> table[] = {{1.0f, 1}, {1.5f, 2}, {2.0f, 2}, {2.5f, 3}, {3.0f, 3}};
   for (const auto& [zoom, width] : table) {
-    EXPECT_FLOAT_EQ(store.zoomFactor, zoom);
-    EXPECT_EQ(canvas.DrawWidth(), width) << zoom;
+    EXPECT_EQ(std::tuple(store.zoomFactor, canvas.DrawWidth()), std::tuple(zoom, width));
     zoomIn(world.app);
   }
   // The last step met the limit: only a beep, nothing else changes.
-  EXPECT_EQ(world.ui.beeps, 2);
   float width = canvas.Width();
   zoomIn(world.app);
-  EXPECT_EQ(world.ui.beeps, 3);
-  EXPECT_FLOAT_EQ(canvas.Width(), width);
-  EXPECT_FLOAT_EQ(canvas.ScaleWidth(), 125);
+  EXPECT_EQ(std::tuple(world.ui.beeps, canvas.Width(), canvas.ScaleWidth()), std::tuple(3, width, 125.0f));
 }
 
 TEST_F(Zoom, RecordsAndTheViewKeepTheirPlace) {
@@ -60,14 +49,12 @@ TEST_F(Zoom, RecordsAndTheViewKeepTheirPlace) {
   std::string before = store.sizeList.List(0);
   zoomIn(world.app);
   zoomOut(world.app);
-  EXPECT_EQ(store.sizeList.List(0), before);
-  EXPECT_TRUE(store.isSaved);
+  EXPECT_EQ(std::tuple(store.sizeList.List(0), store.isSaved), std::tuple(before, true));
   canvas.Move(-40, 25);
   size_t drawn = canvas.Image().size();
   resetview_Click(world.app);
-  EXPECT_FLOAT_EQ(canvas.Left(), 0);
-  EXPECT_FLOAT_EQ(canvas.Top(), 0);
-  EXPECT_EQ(canvas.Image().size(), drawn) << "resetting the view repaints nothing";
+  // Resetting the view repaints nothing.
+  EXPECT_EQ(std::tuple(canvas.Left(), canvas.Top(), canvas.Image().size()), std::tuple(0.0f, 0.0f, drawn));
 }
 
 TEST(Redraw, DoubleDrawPaintsCellsOverLinks) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <tuple>
 
 #include "core/cp1252.h"
 #include "program/startup.h"
@@ -25,15 +26,10 @@ TEST_F(FormLoad, WithoutCommandLineGivesAnEmptySavedBoardAndADefaultSettingsFile
   store.zoomFactor = 1.0f;
   store.setLongDescription(5, "left over");
   ASSERT_TRUE(Form_Load(world.app, program(), ""));
-  EXPECT_EQ(store.settingsPath, dir.file("tavlero.cfg"));
-  EXPECT_TRUE(std::filesystem::exists(store.settingsPath));
-  EXPECT_FLOAT_EQ(store.zoomFactor, 2.0f);
-  EXPECT_FLOAT_EQ(world.canvas.unitX(), 2.0f);
-  EXPECT_FLOAT_EQ(world.canvas.Width(), world.ui.clientWidth);
-  EXPECT_EQ(store.getLongDescription(5), "");
-  EXPECT_TRUE(store.isSaved);
-  EXPECT_EQ(store.itemList.ListCount(), 0);
-  EXPECT_TRUE(world.ui.messages.empty());
+  EXPECT_EQ(std::tuple(store.settingsPath, std::filesystem::exists(store.settingsPath), store.zoomFactor,
+                       world.canvas.unitX(), world.canvas.Width(), store.getLongDescription(5), store.isSaved,
+                       store.itemList.ListCount()),
+            std::tuple(dir.file("tavlero.cfg"), true, 2.0f, 2.0f, world.ui.clientWidth, "", true, 0));
   // Leaving asks nothing.
   EXPECT_TRUE(Form_QueryUnload(world.app));
   EXPECT_TRUE(world.ui.messages.empty());
@@ -45,10 +41,10 @@ TEST_F(FormLoad, ReadsTheCommandLineProjectWithOrWithoutQuotes) {
   for (const std::string& line : {"\"" + project + "\"", project}) {
     FakeWorld fresh;
     ASSERT_TRUE(Form_Load(fresh.app, program(), line)) << line;
-    EXPECT_EQ(fresh.app.store.itemList.ListCount(), 2);
-    EXPECT_EQ(fresh.app.store.programName, "Kalkulator");
     // Read from the command line, the project has no file yet: the first save asks.
-    EXPECT_EQ(fresh.app.store.projectFileName, "");
+    const ProjectStore& read = fresh.app.store;
+    EXPECT_EQ(std::tuple(read.itemList.ListCount(), read.programName, read.projectFileName),
+              std::tuple(2, "Kalkulator", ""));
   }
 }
 
@@ -60,17 +56,17 @@ TEST_F(FormLoad, AFailedReadShowsTheMessageAndEndsTheProgram) {
     FakeWorld fresh;
     EXPECT_FALSE(Form_Load(fresh.app, program(), line));
     ASSERT_EQ(fresh.ui.messages.size(), 1u);
-    EXPECT_EQ(fresh.ui.messages[0].prompt, "En feil oppstod under åpning av filen: '"_cp + shown + "'");
-    EXPECT_EQ(fresh.ui.messages[0].title, "Gale parametre");
-    EXPECT_EQ(fresh.ui.messages[0].icon, MsgIcon::Critical);
+    const testing::Message& told = fresh.ui.messages[0];
+    EXPECT_EQ(std::tuple(told.prompt, told.title, told.icon),
+              std::tuple("En feil oppstod under åpning av filen: '"_cp + shown + "'", "Gale parametre",
+                         MsgIcon::Critical));
   }
 }
 
 TEST_F(FormLoad, QuoteRuleDropsTheLastCharacterWhateverItIs) {
   // "x.tvl" y: the path becomes x.tvl" (quote and blank kept), a new empty file there.
   std::string line = "\"" + dir.file("x.tvl") + "\" y";
-  bool started = Form_Load(world.app, program(), line);
-  EXPECT_TRUE(started);
+  EXPECT_TRUE(Form_Load(world.app, program(), line));
   EXPECT_TRUE(std::filesystem::exists(dir.file("x.tvl\" ")));
 }
 
@@ -86,12 +82,11 @@ TEST(FormQueryUnload, AsksAboutUnsavedWork) {
     world.ui.answers.push_back(c.answer);
     EXPECT_EQ(Form_QueryUnload(world.app), c.closes);
     ASSERT_EQ(world.ui.messages.size(), 1u);
-    EXPECT_EQ(world.ui.messages[0].prompt,
-              "Du har gjort endringer siden du sist lagret. Vil du lagre før du avslutter?"_cp);
-    EXPECT_EQ(world.ui.messages[0].title, "Advarsel");
-    EXPECT_EQ(world.ui.messages[0].buttons, MsgButtons::YesNoCancel);
+    const testing::Message& asked = world.ui.messages[0];
     // Yes on a project without a file shows the save dialog (here cancelled) and still closes.
-    EXPECT_EQ(world.dialog.saves, c.saveDialogs);
+    EXPECT_EQ(std::tuple(asked.prompt, asked.title, asked.buttons, world.dialog.saves),
+              std::tuple("Du har gjort endringer siden du sist lagret. Vil du lagre før du avslutter?"_cp,
+                         "Advarsel", MsgButtons::YesNoCancel, c.saveDialogs));
   }
 }
 

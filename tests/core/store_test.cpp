@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "core/cp1252.h"
 #include "core/project_store.h"
 
@@ -11,8 +13,7 @@ TEST(StringList, StaleIndicesReachNothingAndTheLimitHolds) {
   for (const char* s : {"0", "1", "2", "3", "4", "5"}) list.AddItem(s);
   list.RemoveItems({0, 2, 3});
   list.RemoveItem(0);
-  EXPECT_EQ(list.items(), (std::vector<std::string>{"4", "5"}));
-  EXPECT_EQ(list.List(5), "");
+  EXPECT_EQ(std::tuple(list.items(), list.List(5)), std::tuple(std::vector<std::string>{"4", "5"}, ""));
   list.setList(-1, "x");
   list.RemoveItem(9);
   EXPECT_EQ(list.ListCount(), 2);
@@ -30,15 +31,15 @@ TEST(LongDescriptions, RemovalPullsTheSlotsAboveDown) {
   store.setLongDescription(3, "slot 3");
   store.itemList.RemoveItem(0);
   store.removeLongDescription(0);
-  EXPECT_EQ(store.getLongDescription(0), "d1");
-  EXPECT_EQ(store.getLongDescription(1), "d2");
-  EXPECT_EQ(store.getLongDescription(2), "slot 3");
-  EXPECT_EQ(store.getLongDescription(3), "slot 3") << "the last source keeps its text";
+  // The last source keeps its text.
+  EXPECT_EQ(std::vector({store.getLongDescription(0), store.getLongDescription(1),
+                         store.getLongDescription(2), store.getLongDescription(3)}),
+            std::vector<std::string>({"d1", "d2", "slot 3", "slot 3"}));
   // The table has 32,001 slots and nothing reaches outside them.
   store.setLongDescription(32000, "last");
   store.setLongDescription(-1, "x");
-  EXPECT_EQ(store.getLongDescription(32000), "last");
-  EXPECT_EQ(store.getLongDescription(32001), "");
+  EXPECT_EQ(std::tuple(store.getLongDescription(32000), store.getLongDescription(32001)),
+            std::tuple("last", ""));
 }
 
 TEST(LongDescriptions, LookupByRecordTextFindsTheFirstEqualRecord) {

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "board/board.h"
 #include "core/record.h"
@@ -17,14 +18,8 @@ struct Point {
   float x, y;
 };
 
-// Table rows print as their name; each test file brings this in with a using-declaration.
-template <typename Row>
-requires requires(const Row& row) {
-  row.name;
-}
-void PrintTo(const Row& row, std::ostream* out) {
-  *out << row.name;
-}
+// A row of a case table in tests/data/editing/, its name first.
+using Case = std::vector<std::string>;
 
 // Cells "les" (red), B and C (white) at 10,10, 100,10 and 10,100, linked les -> B -> C -> les,
 // drawn as after reading a file and saved.

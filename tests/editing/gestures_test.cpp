@@ -1,3 +1,5 @@
+// Presses, drags and moves on the board; the pressing and dropping cases are tables in
+// tests/data/editing/.
 #include "editing/gestures.h"
 
 #include <gtest/gtest.h>
@@ -12,8 +14,6 @@
 namespace tavlero::testing {
 namespace {
 
-using testing::PrintTo;
-
 class GestureTest : public BoardTest {
  protected:
   void press(int16_t button, int16_t shift, Point p) { canvas_MouseDown(app, button, shift, p.x, p.y); }
@@ -21,60 +21,35 @@ class GestureTest : public BoardTest {
   void release(int16_t button, Point p) { canvas_MouseUp(app, button, 0, p.x, p.y); }
 };
 
-enum Target { kOnLes, kOnB, kOnLink, kEmpty };
-
-struct PressCase {
-  const char* name;
-  int16_t cellBefore, linkBefore, button, shift;  // the link before: 0 les -> B, -1 none
-  Target target;
-  int16_t cellAfter, linkAfter, links;
-  bool saved;
-  size_t cellsDrawn, linksDrawn;
-};
-
-class PressTest : public GestureTest, public ::testing::WithParamInterface<PressCase> {};
+class PressTest : public GestureTest, public ::testing::WithParamInterface<Case> {};
 
 TEST_P(PressTest, SelectsLinksOrDeselectsAndPaintsOnlyWhatChanged) {
-  const PressCase& p = GetParam();
-  store.selectedCell = p.cellBefore;
-  store.selectedLink = p.linkBefore;
-  Point at = std::vector<Point>{
-      centreOf(a), centreOf(b), centreIn(store.linkSizeList.List(0)), {300, 300}}[p.target];
+  const Case& p = GetParam();
+  auto number = [&](size_t column) { return static_cast<int16_t>(std::stoi(p.at(column))); };
+  store.selectedCell = number(1);
+  store.selectedLink = number(2);
+  const std::string& target = p.at(5);
+  Point at = target == "les"    ? centreOf(a)
+             : target == "B"    ? centreOf(b)
+             : target == "link" ? centreIn(store.linkSizeList.List(0))
+                                : Point{300, 300};
   size_t mark = imageSize();
-  press(p.button, p.shift, at);
+  press(number(3), number(4), at);
   EXPECT_EQ(std::tuple(store.selectedCell, store.selectedLink, store.linkList.ListCount(), store.isSaved,
                        drawnSince(mark, DrawKind::Box), drawnSince(mark, DrawKind::Circle)),
-            std::tuple(p.cellAfter, p.linkAfter, p.links, p.saved, p.cellsDrawn, p.linksDrawn));
+            std::tuple(number(6), number(7), number(8), p.at(9) == "1", static_cast<size_t>(number(10)),
+                       static_cast<size_t>(number(11))));
 }
 
-// Buttons: 1 left, 2 right, 4 middle; modifiers: 1 Shift, 2 Ctrl, 4 Alt.
-INSTANTIATE_TEST_SUITE_P(
-    Cases, PressTest,
-    ::testing::Values(PressCase{"select", 0, -1, 1, 0, kOnB, 1, -1, 3, true, 2, 0},
-                      PressCase{"select ends link", -1, 0, 1, 0, kOnLes, 0, -1, 3, true, 1, 1},
-                      PressCase{"shift links", 1, -1, 1, 1, kOnLes, 1, -1, 4, false, 0, 1},
-                      PressCase{"shift, none selected", -1, -1, 1, 1, kOnB, -1, -1, 3, true, 0, 0},
-                      PressCase{"shift ctrl", 0, -1, 1, 3, kOnB, -1, -1, 3, true, 1, 0},
-                      PressCase{"ctrl", 0, -1, 1, 2, kOnB, -1, -1, 3, true, 1, 0},
-                      PressCase{"alt", 0, -1, 1, 4, kOnB, -1, -1, 3, true, 1, 0},
-                      PressCase{"right", 0, -1, 2, 0, kOnLes, -1, -1, 3, true, 1, 0},
-                      PressCase{"middle", 0, -1, 4, 0, kOnB, -1, -1, 3, true, 1, 0},
-                      PressCase{"on the link", 0, -1, 1, 0, kOnLink, -1, 0, 3, true, 1, 1},
-                      PressCase{"empty board ends link", -1, 0, 1, 0, kEmpty, -1, -1, 3, true, 0, 1}));
+INSTANTIATE_TEST_SUITE_P(Cases, PressTest, ::testing::ValuesIn(readCases("editing/presses.txt")));
 
-struct DropCase {
-  const char* name;
-  float byX, byY;      // how far les is dragged
-  std::string places;  // of les and B afterwards
-  float canvasLeft, canvasTop;
-};
-
-class DropTest : public GestureTest, public ::testing::WithParamInterface<DropCase> {};
+class DropTest : public GestureTest, public ::testing::WithParamInterface<Case> {};
 
 // The pointer always strays on the way, so that a drop back at the start is a drop too.
 TEST_P(DropTest, OnlyTheRectangleFollowsAndTheDropMovesTheCell) {
-  const DropCase& d = GetParam();
-  Point start = centreOf(a), end{start.x + d.byX, start.y + d.byY};
+  const Case& d = GetParam();
+  const float byX = std::stof(d.at(1)), byY = std::stof(d.at(2));
+  Point start = centreOf(a), end{start.x + byX, start.y + byY};
   press(1, 0, start);
   EXPECT_EQ(app.demoRectangle.Width, readBox(store.sizeList.List(a)).x2 - 10)
       << "measured from the stored position";
@@ -84,25 +59,20 @@ TEST_P(DropTest, OnlyTheRectangleFollowsAndTheDropMovesTheCell) {
   // Only the rectangle follows; the board and the plan wait for the drop.
   const DemoRectangle& rect = app.demoRectangle;
   EXPECT_EQ(std::tuple(rect.Visible, rect.Left, rect.Top, imageSize(), store.isSaved),
-            std::tuple(true, 10 + d.byX, 10 + d.byY, mark, true));
+            std::tuple(true, 10 + byX, 10 + byY, mark, true));
 
   release(1, end);
   std::string places =
       field(a, "positionX") + field(a, "positionY") + field(b, "positionX") + field(b, "positionY");
   EXPECT_EQ(std::tuple(places, world.canvas.Left(), world.canvas.Top(), store.isSaved, rect.Visible,
                        store.selectedCell),
-            std::tuple(d.places, d.canvasLeft, d.canvasTop, false, false, a));
+            std::tuple(d.at(3), std::stof(d.at(4)), std::stof(d.at(5)), false, false, a));
   std::vector<std::string> drawn = store.sizeList.items();
   redrawBoard(app);
   EXPECT_EQ(store.sizeList.items(), drawn) << "the drop redrew the board";
 }
 
-INSTANTIATE_TEST_SUITE_P(Drops, DropTest,
-                         ::testing::Values(DropCase{"right and down", 30.5f, 20, " 40.5 30 100 10", 0, 0},
-                                           DropCase{"back to the start", 0, 0, " 10 10 100 10", 0, 0},
-                                           DropCase{"left of the edge", -40, 0, " 10 10 140 10", -20, 0},
-                                           DropCase{"beyond both edges", -12.5f, -30, " 10 10 112.5 40", 7.5f,
-                                                    -10}));
+INSTANTIATE_TEST_SUITE_P(Drops, DropTest, ::testing::ValuesIn(readCases("editing/drops.txt")));
 
 TEST_F(GestureTest, ARightPressDuringALeftDragEndsTheDrag) {
   Point start = centreOf(a), aside{start.x + 20, start.y};

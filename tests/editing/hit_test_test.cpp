@@ -4,7 +4,6 @@
 
 #include <string>
 #include <tuple>
-#include <vector>
 
 #include "board_fixture.h"
 #include "core/record.h"
@@ -14,63 +13,20 @@
 namespace tavlero::testing {
 namespace {
 
-using testing::PrintTo;
-
-std::string box(float x1, float y1, float x2, float y2) {
-  return buildGeometry(numberToText(x1), numberToText(y1), numberToText(x2), numberToText(y2));
+// The cases of tests/data/editing/hits.txt, each on a fresh geometry list.
+TEST(HitTest, FindsTheLowestEntryAtThePoint) {
+  for (const auto& c : readCases("editing/hits.txt")) {
+    FakeWorld world;
+    const bool link = c.at(1) == "link";
+    for (const auto& box : numberGroups(c.at(2)))
+      (link ? world.app.store.linkSizeList : world.app.store.sizeList)
+          .AddItem(box.empty() ? std::string(kGeometryPlaceholder)
+                               : buildGeometry(numberToText(box.at(0)), numberToText(box.at(1)),
+                                               numberToText(box.at(2)), numberToText(box.at(3))));
+    const float x = std::stof(c.at(3)), y = std::stof(c.at(4));
+    EXPECT_EQ(link ? findLinkAt(world.app, x, y) : findCellAt(world.app, x, y), std::stoi(c.at(5))) << c[0];
+  }
 }
-
-struct HitCase {
-  const char* name;
-  bool link;
-  std::vector<std::string> records;
-  float x, y;
-  int16_t expected;
-};
-
-class HitTest : public ::testing::TestWithParam<HitCase> {};
-
-TEST_P(HitTest, FindsTheLowestEntryAtThePoint) {
-  const HitCase& c = GetParam();
-  FakeWorld world;
-  ProjectStore& store = world.app.store;
-  for (const auto& record : c.records) (c.link ? store.linkSizeList : store.sizeList).AddItem(record);
-  EXPECT_EQ(c.link ? findLinkAt(world.app, c.x, c.y) : findCellAt(world.app, c.x, c.y), c.expected);
-}
-
-const std::string kCell = box(10, 20, 40, 50), kOver = box(30, 40, 90, 90),
-                  kWide = box(-1e30f, 0, 1e30f, 100);
-const std::string kFlat = box(10, 50, 60, 50), kUpright = box(40, 10, 40, 60), kUpward = box(40, 60, 40, 10);
-const std::string kSteep = box(0, 0, 10, 100);
-const std::string kLeftward = box(60, 50, 10, 50), kRising = box(200, 300, 210, 250);
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, HitTest,
-    ::testing::Values(
-        HitCase{"inside", false, {kCell}, 25, 35, 0},
-        HitCase{"flat, in widened box", true, {kFlat}, 30, 50.9f, 0},
-        HitCase{"left edge", false, {kCell}, 10, 35, -1}, HitCase{"right edge", false, {kCell}, 40, 35, -1},
-        HitCase{"top edge", false, {kCell}, 25, 20, -1}, HitCase{"bottom edge", false, {kCell}, 25, 50, -1},
-        HitCase{"undrawn cell", false, {"X1: 0 Y1: 0 X2: 0 Y2: 0"}, 0, 0, -1},
-        HitCase{"overlap: lowest wins", false, {kCell, kOver}, 35, 45, 0},
-        HitCase{"overlap outside the lowest", false, {kCell, kOver}, 60, 45, 1},
-        // Boxes over many parts of the board are looked up apart from the small ones.
-        HitCase{"small box, then a wide one", false, {kCell, kWide}, 25, 35, 0},
-        HitCase{"wide box alone", false, {kCell, kWide}, -5e20f, 60, 1},
-        HitCase{"across the origin", false, {box(-70, -70, 70, 70)}, -65, 65, 0},
-        HitCase{"flat, widened edge", true, {kFlat}, 30, 51, -1},
-        HitCase{"flat, beyond its end", true, {kFlat}, 60.5f, 50, -1},
-        HitCase{"upright, near its end", true, {kUpright}, 39.5f, 58, 0},
-        HitCase{"upward, middle", true, {kUpward}, 40, 35, 0},
-        HitCase{"upward, 1.9 off middle", true, {kUpward}, 40, 36.9f, 0},
-        HitCase{"upward, 2 off middle", true, {kUpward}, 40, 37, -1},
-        HitCase{"upward, far from middle", true, {kUpward}, 40, 20, -1},
-        HitCase{"steep, 1.9 right", true, {kSteep}, 6.9f, 50, 0},
-        HitCase{"steep, 2 right", true, {kSteep}, 7, 50, -1},
-        HitCase{"leftward, no marks", true, {kLeftward}, 47.5f, 49.5f, 0},
-        // A rising link earlier in the list flips how later flat lines are widened.
-        HitCase{"leftward after rising", true, {kRising, kLeftward}, 47.5f, 49.5f, -1},
-        HitCase{"leftward after rising, flipped", true, {kRising, kLeftward}, 22.5f, 49.5f, 1}));
 
 // After the lower of two overlapping cells is deleted and the board redrawn, the same
 // point finds the upper one under its new number.

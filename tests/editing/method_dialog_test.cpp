@@ -14,8 +14,6 @@
 namespace tavlero::testing {
 namespace {
 
-using testing::PrintTo;
-
 const std::string kSep = "\r\n\t";
 
 class MethodDialogTest : public BoardTest {
@@ -79,33 +77,27 @@ TEST_F(MethodDialogTest, EditingRenamesTheLinksAndKeepsTheStoredTexts) {
             std::tuple("ny lang", a, false));
 }
 
-struct NameCase {
-  const char* name;
-  bool edit;  // of "les"; else a new cell
-  std::string typed;
-  std::string error;  // Windows-1252; empty: accepted
-  bool cancel;
-};
-
-class NameTest : public MethodDialogTest, public ::testing::WithParamInterface<NameCase> {};
+class NameTest : public MethodDialogTest, public ::testing::WithParamInterface<Case> {};
 
 TEST_P(NameTest, StoresTheNameOrRefusesWithAnErrorOrCancels) {
-  const NameCase& n = GetParam();
+  const Case& n = GetParam();
+  const bool edit = n.at(1) == "1", cancel = n.at(4) == "1";
+  const std::string &typed = n.at(2), &error = n.at(3);
   std::string before = store.itemList.List(a);
   size_t image = imageSize();
-  store.selectedCell = n.edit ? a : int16_t{-1};
+  store.selectedCell = edit ? a : int16_t{-1};
   canvas_DblClick(app);
   ASSERT_NE(form(), nullptr);
-  form()->setTexts(n.typed, "x", "y");
-  n.cancel ? addMethodForm_Command1_Click(app) : addMethodForm_Command2_Click(app);
-  if (n.error.empty() && !n.cancel) {
+  form()->setTexts(typed, "x", "y");
+  cancel ? addMethodForm_Command1_Click(app) : addMethodForm_Command2_Click(app);
+  if (error.empty() && !cancel) {
     expectClosed();
-    EXPECT_EQ(std::tuple(field(n.edit ? a : 3, "methodName"), store.isSaved), std::tuple(n.typed, false));
+    EXPECT_EQ(std::tuple(field(edit ? a : 3, "methodName"), store.isSaved), std::tuple(typed, false));
     return;
   }
   EXPECT_EQ(std::tuple(store.itemList.ListCount(), store.itemList.List(a), store.isSaved, imageSize()),
             std::tuple(3, before, true, image));
-  if (n.cancel) {
+  if (cancel) {
     expectClosed();
     addMethodForm_Command2_Click(app);  // an event that reaches the logic after the form has gone
     EXPECT_EQ(std::tuple(store.itemList.ListCount(), store.isSaved), std::tuple(3, true));
@@ -113,20 +105,12 @@ TEST_P(NameTest, StoresTheNameOrRefusesWithAnErrorOrCancels) {
   }
   ASSERT_NE(form(), nullptr) << "the dialog stays open";
   EXPECT_EQ(std::tuple(form()->errorCaption, form()->errorVisible, world.ui.beeps, world.ui.enabled),
-            std::tuple(n.error, true, 1, false));
+            std::tuple(error, true, 1, false));
   submit("ny");
   expectClosed();
 }
 
-const std::string kNoName = "Feil: Metoden m\xE5 ha et navn!",
-                  kTaken = "Feil:Navnet eksisterer allerede! Bytt navn...";
-INSTANTIATE_TEST_SUITE_P(Names, NameTest,
-                         ::testing::Values(NameCase{"add, empty", false, "", kNoName, false},
-                                           NameCase{"add, existing", false, "les", kTaken, false},
-                                           NameCase{"add, other case", false, "Les", "", false},
-                                           NameCase{"edit, its own name", true, "les", "", false},
-                                           NameCase{"edit, another's name", true, "B", "", false},
-                                           NameCase{"edit, cancelled", true, "ny", "", true}));
+INSTANTIATE_TEST_SUITE_P(Names, NameTest, ::testing::ValuesIn(readCases("editing/method_names.txt")));
 
 TEST_F(MethodDialogTest, AFullPlanRefusesAnotherMethod) {
   while (store.itemList.ListCount() < ProjectStore::kMaxMethods) {

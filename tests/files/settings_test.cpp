@@ -27,40 +27,22 @@ TEST(Settings, MissingOrEmptyFileIsMadeWithDefaults) {
   }
 }
 
-struct ValueCase {
-  std::string file;
-  int16_t nameFontSize;
-  int doubleDraw;  // 0 False, 1 True, -1 left as it was
-  std::string actionKey;
-};
-
-class SettingsValues : public ::testing::TestWithParam<ValueCase> {};
-
-TEST_P(SettingsValues, AreTakenByTheirOwnRule) {
-  for (bool before : {false, true}) {
-    FileWorld world;
-    writeFile(world.app.store.settingsPath, GetParam().file);
-    world.app.store.doubleDraw = before;
-    loadSettings(world.app);
-    const ValueCase& v = GetParam();
-    const ProjectStore& store = world.app.store;
-    // The file is never rewritten.
-    EXPECT_EQ(std::tuple(readFile(store.settingsPath), store.nameFontSize, store.doubleDraw, store.actionKey),
-              std::tuple(v.file, v.nameFontSize, v.doubleDraw < 0 ? before : v.doubleDraw == 1, v.actionKey));
-  }
+// The cases of tests/data/files/settings_values.txt, each over both earlier doubleDraw values.
+TEST(Settings, ValuesAreTakenByTheirOwnRule) {
+  for (const auto& v : readCases("files/settings_values.txt"))
+    for (bool before : {false, true}) {
+      FileWorld world;
+      writeFile(world.app.store.settingsPath, v.at(0));
+      world.app.store.doubleDraw = before;
+      loadSettings(world.app);
+      const ProjectStore& store = world.app.store;
+      const int doubleDraw = std::stoi(v.at(2));
+      EXPECT_EQ(
+          std::tuple(readFile(store.settingsPath), store.nameFontSize, store.doubleDraw, store.actionKey),
+          std::tuple(v[0], std::stoi(v.at(1)), doubleDraw < 0 ? before : doubleDraw == 1, v.at(3)))
+          << '"' << v[0] << '"';
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Settings, SettingsValues,
-    ::testing::Values(ValueCase{" ", 0, -1, ""},  // one blank is not empty: no defaults, every key missing
-                      ValueCase{"<nameFontSize>6.5</nameFontSize><actionKey>n</actionKey>", 6, -1, "n"},
-                      ValueCase{"<nameFontSize>7.5</nameFontSize><doubleDraw>False</doubleDraw>", 8, 0, ""},
-                      ValueCase{"<doubleDraw>tRUE</doubleDraw><nameFontSize> 9 </nameFontSize>", 9, 1, ""},
-                      ValueCase{"<doubleDraw>fALSE</doubleDraw>", 0, 0, ""},
-                      ValueCase{"<doubleDraw>0</doubleDraw><doubleDraw>1</doubleDraw>", 0, 0, ""},
-                      ValueCase{"<doubleDraw>maybe</doubleDraw>", 0, -1, ""},
-                      ValueCase{"<nameFontSize>99999</nameFontSize><actionKey>Kx</actionKey>", 32767, -1,
-                                "Kx"}));
 
 // A settings file that cannot be made or read leaves the values as they were. A missing
 // folder goes by in silence (an installed program's folder is not the user's); a name that

@@ -88,9 +88,8 @@ TEST_F(DesktopTest, ABoardSessionThroughTheWindow) {
   // A focused button still takes Enter itself.
   open->command2->setFocus(Qt::TabFocusReason);
   QTest::keyClick(open->command2, Qt::Key_Return);
-  EXPECT_EQ(app.addMethodForm, nullptr);
-  ASSERT_EQ(store.itemList.ListCount(), 1);
-  EXPECT_EQ(store.getLongDescription(0), "linje 1\r\nlinje 2");
+  EXPECT_EQ(std::tuple(app.addMethodForm == nullptr, store.itemList.ListCount(), store.getLongDescription(0)),
+            std::tuple(true, 1, "linje 1\r\nlinje 2"));
 
   // A cell's box starts where the cell stands, so a few units in is on the cell.
   mouse(QEvent::MouseButtonPress, pixelsOf(43, 33), Qt::LeftButton);
@@ -106,8 +105,8 @@ TEST_F(DesktopTest, ABoardSessionThroughTheWindow) {
     box->button(QMessageBox::Yes)->click();
   });
   QTest::keyClick(&board(), Qt::Key_Delete);
-  EXPECT_EQ(question, QStringLiteral("Er du sikker på at du vil slette 'les'?"));
-  EXPECT_EQ(store.itemList.ListCount(), 0);
+  EXPECT_EQ(std::tuple(question, store.itemList.ListCount()),
+            std::tuple(QStringLiteral("Er du sikker på at du vil slette 'les'?"), 0));
 }
 
 // The page exists while the view is open, whether OK or the frame closes it, and the
@@ -125,16 +124,14 @@ TEST_F(DesktopTest, InfoViewShowsThePageUntilItIsClosed) {
   const QString shown = dialog->methodInfoBox->toPlainText();
   EXPECT_TRUE(shown.contains(QStringLiteral("Hvis a < b: bytt.\nReturner a + b."))) << shown.toStdString();
   QTest::mouseClick(dialog->command1, Qt::LeftButton);
-  EXPECT_FALSE(dialog->isVisible());
-  EXPECT_FALSE(fs::exists(page));
-  EXPECT_TRUE(desktop.window().inputEnabled());
+  EXPECT_EQ(std::tuple(dialog->isVisible(), fs::exists(page), desktop.window().inputEnabled()),
+            std::tuple(false, false, true));
 
   showMethodInfo(app);
   EXPECT_TRUE(fs::exists(page));
   dynamic_cast<QtMethodInfoForm&>(*app.methodInfoForm).dialog()->close();
-  EXPECT_EQ(app.methodInfoForm, nullptr);
-  EXPECT_FALSE(fs::exists(page));
-  EXPECT_TRUE(desktop.window().inputEnabled());
+  EXPECT_EQ(std::tuple(app.methodInfoForm == nullptr, fs::exists(page), desktop.window().inputEnabled()),
+            std::tuple(true, false, true));
   fs::current_path(previous);
 }
 
@@ -171,16 +168,14 @@ TEST_F(DesktopTest, ProgramInfoEditsTheProject) {
   auto& form = dynamic_cast<QtProgramInfoForm&>(app.platform.forms.programInfoForm());
   form.programName->setText(QStringLiteral("Lager"));
   QTest::mouseClick(form.command1, Qt::LeftButton);
-  EXPECT_FALSE(form.isVisible());
-  EXPECT_EQ(store.programName, "Lager");
-  EXPECT_FALSE(store.isSaved);
-  EXPECT_TRUE(desktop.window().inputEnabled());
+  EXPECT_EQ(std::tuple(form.isVisible(), store.programName, store.isSaved, desktop.window().inputEnabled()),
+            std::tuple(false, "Lager", false, true));
 
   store.programName = "Lest inn";  // as a project read in meanwhile leaves it
   store.programDescription = "linje 1\r\nlinje 2";
   editClass_Click(app);
-  EXPECT_EQ(form.programName->text(), QStringLiteral("Lest inn"));
-  EXPECT_EQ(form.programDescription->toPlainText(), QStringLiteral("linje 1\nlinje 2"));
+  EXPECT_EQ(std::tuple(form.programName->text(), form.programDescription->toPlainText()),
+            std::tuple(QStringLiteral("Lest inn"), QStringLiteral("linje 1\nlinje 2")));
 }
 
 }  // namespace

@@ -13,7 +13,9 @@
 #include <QTimer>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
+#include <tuple>
 
 #include "board/compress.h"
 #include "qt/board_painter.h"
@@ -93,75 +95,44 @@ TEST_F(WindowTest, StartsTitledWithTheFocusOnTheCanvas) {
   EXPECT_EQ(QApplication::focusWidget(), &widget);
 }
 
-// The menu bar in order, with the effect of each entry that has a handler. It runs on
-// the board as read, moved off its corner and off the view, with no colour or fill
-// chosen; an entry with a shortcut runs by its keys, with the menus closed.
+// The menu bar of tests/data/qt/menus.txt, with the effect of each entry that has a handler.
+// It runs on the board as read, moved off its corner and off the view, with no colour or
+// fill chosen; an entry with a shortcut runs by its keys, with the menus closed.
 TEST_F(WindowTest, EveryEntryHasItsCaptionAndShortcutAndReachesItsHandler) {
-  const char* divider = "-------------------";
-  auto saved = [&](const char* filter) {
-    return [this, filter] {
-      return dialog.saves == 1 && dialog.filtersSeen == std::vector<std::string>{filter};
-    };
+  auto effectOf = [this](const std::string& effect) -> std::function<bool()> {
+    const std::string what = effect.substr(0, effect.rfind(' ')),
+                      value = effect.substr(effect.rfind(' ') + 1);
+    if (effect.starts_with("saved "))
+      return [this, filter = effect.substr(6)] {
+        return dialog.saves == 1 && dialog.filtersSeen == std::vector<std::string>{filter};
+      };
+    if (what == "zoom") return [this, zoom = std::stof(value)] { return app.store.zoomFactor == zoom; };
+    if (what == "colour")
+      return [this, colour = std::stoi(value)] { return app.store.currentColor == colour; };
+    if (what == "fill") return [this, fill = std::stoi(value)] { return app.store.currentFillStyle == fill; };
+    const std::map<std::string, std::function<bool()>> named = {
+        {"empty board", [this] { return app.store.itemList.ListCount() == 0; }},
+        {"open dialog", [this] { return dialog.opens == 1; }},
+        {"printed", [this] { return printer.printed == 1; }},
+        {"program info", [this] { return forms.programInfo.shown; }},
+        {"compressed", [this] { return getField(app.store.itemList.List(0), "positionX") == " 10"; }},
+        {"text copied", [this] { return clipboard.text.find("Fast") != std::string::npos; }},
+        {"picture copied", [this] { return clipboard.pictures == 1; }},
+        {"view reset", [this] { return canvas.Left() == 0; }},
+        {"method info", [this] { return forms.lastMethodInfo && forms.lastMethodInfo->shown; }},
+        {"about", [this] { return forms.lastAbout && forms.lastAbout->shown; }}};
+    return effect.empty() ? nullptr : named.at(effect);
   };
-  auto colour = [&](int32_t number) { return [this, number] { return app.store.currentColor == number; }; };
-  auto fill = [&](int32_t style) { return [this, style] { return app.store.currentFillStyle == style; }; };
-  const char* projects = "Tavlero-prosjekter (*.tvl)|*.tvl";
-  const std::tuple<const char*, QKeySequence, std::function<bool()>> rows[] = {
-      {"&Fil", {}, {}},
-      {"&Nytt prosjekt", Qt::CTRL | Qt::Key_N, [&] { return app.store.itemList.ListCount() == 0; }},
-      {"&Åpne", Qt::CTRL | Qt::Key_O, [&] { return dialog.opens == 1; }},
-      {"&Lagre", Qt::CTRL | Qt::Key_S, saved(projects)},
-      {"Lagre &som...", Qt::CTRL | Qt::Key_F1, saved(projects)},
-      {divider, {}, {}},
-      {"&Eksportering", {}, {}},
-      {"Lagre som &bilde", {}, saved("Punktgrafikk (*.bmp)|*.bmp")},
-      {"Lagre som &tekst", {}, saved("Tekstfiler (*.txt)|*.txt")},
-      {"Lagre som &HTML", {}, saved("HTML-dokumenter (*.html)|*.html")},
-      {"Skriv &ut..", Qt::CTRL | Qt::Key_P, [&] { return printer.printed == 1; }},
-      {divider, {}, {}},
-      {"&Avslutt programmet", {}, {}},
-      {"&Redigér", {}, {}},
-      {"Zoom &inn (+)", {}, [&] { return app.store.zoomFactor == 2.5f; }},
-      {"Zoom &ut (-)", {}, [&] { return app.store.zoomFactor == 1.5f; }},
-      {"Sett &farge", {}, {}},
-      {"Lysegrå (1)", {}, colour(12632256)},
-      {"Mørkegrå (2)", {}, colour(8421504)},
-      {"Blå (3)", {}, colour(16711680)},
-      {"Grønn (4)", {}, colour(65280)},
-      {"Cyan (5)", {}, colour(16776960)},
-      {"Rød (6)", {}, colour(255)},
-      {"Lilla (7)", {}, colour(16711935)},
-      {"Gul (8)", {}, colour(65535)},
-      {"Hvit (9)", {}, colour(16777215)},
-      {"Sett fylltype", {}, {}},
-      {"Fast (Ctrl+1)", {}, fill(0)},
-      {"Horisontale striper (Ctrl+2)", {}, fill(2)},
-      {"Vertikale striper (Ctrl+3)", {}, fill(3)},
-      {"Diagonale striper venstre (Ctrl+4)", {}, fill(4)},
-      {"Diagonale striper høyre (Ctrl+5)", {}, fill(5)},
-      {"Rutenett (Ctrl+6)", {}, fill(6)},
-      {"Kryss (Ctrl+7)", {}, fill(7)},
-      {"Redigér programinfo", Qt::CTRL | Qt::Key_I, [&] { return forms.programInfo.shown; }},
-      {"Komprimér brett til skjema", Qt::CTRL | Qt::Key_K,
-       [&] { return getField(app.store.itemList.List(0), "positionX") == " 10"; }},
-      {"Kopiér skjema som tekst til utklippstavlen", Qt::CTRL | Qt::Key_T,
-       [&] { return clipboard.text.find("Fast") != std::string::npos; }},
-      {"Kopiér skjema som bilde til utklippstablen", Qt::CTRL | Qt::Key_C,
-       [&] { return clipboard.pictures == 1; }},
-      {"&Nullstill synsfelt", Qt::CTRL | Qt::Key_R, [&] { return canvas.Left() == 0; }},
-      {"&Metodeinfo/prosjektinfo", Qt::CTRL | Qt::Key_Z,
-       [&] { return forms.lastMethodInfo && forms.lastMethodInfo->shown; }},
-      {"&Hjelp", {}, {}},
-      {"&Om...", Qt::Key_F1, [&] { return forms.lastAbout && forms.lastAbout->shown; }},
-  };
+  const auto rows = testing::readCases("qt/menus.txt");
   QList<QAction*> actions = entries(window.menuBar()->actions());
-  ASSERT_EQ(actions.size(), std::size(rows));
+  ASSERT_EQ(actions.size(), rows.size());
   for (int i = 0; i < actions.size(); ++i) {
-    const auto& [caption, keys, happened] = rows[i];
+    const std::string& caption = rows[i].at(0);
+    const QKeySequence keys(QString::fromStdString(rows[i].at(1)));
+    const std::function<bool()> happened = effectOf(rows[i].at(2));
     SCOPED_TRACE(caption);
-    EXPECT_EQ(actions[i]->text(), QString::fromUtf8(caption));
-    EXPECT_EQ(actions[i]->shortcut(), keys);
-    EXPECT_EQ(actions[i]->isEnabled(), std::string_view(caption) != divider);  // the dividers are disabled
+    EXPECT_EQ(std::tuple(actions[i]->text(), actions[i]->shortcut(), actions[i]->isEnabled()),
+              std::tuple(QString::fromStdString(caption), keys, !caption.starts_with("---")));
     if (!happened) continue;
     dialog = {};
     app.store.zoomFactor = 2.0f;

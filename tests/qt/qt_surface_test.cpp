@@ -1,12 +1,16 @@
 // The Qt surface: the pixels of pictures drawn by surface operations and by the logic's
 // own board drawing, and the picture file.
 
+#include <gmock/gmock.h>
+
 #include <QPrinterInfo>
 #include <cmath>
+#include <tuple>
 
 #include "export/pictures.h"
 #include "qt/board_painter.h"
 #include "qt/qt_outputs.h"
+#include "qt/qt_printer.h"
 #include "qt_world.h"
 
 namespace tavlero {
@@ -66,14 +70,12 @@ std::string runs(const QImage& picture, const QRect& area, QColor colour) {
 TEST_F(QtSurfaceTest, TextIsMeasuredInBoardUnits) {
   canvas.Font = {"Arial", 12, false};
   float line = canvas.TextHeight("Mg"), wide = canvas.TextWidth("Hello world");
-  EXPECT_FLOAT_EQ(canvas.TextHeight(""), line);
-  EXPECT_FLOAT_EQ(canvas.TextHeight("a\r\nb\nc\rd"), 4 * line);
-  EXPECT_FLOAT_EQ(canvas.TextWidth("Hello world\r\nHi"), wide);
-  // 12 points at 96 dpi are 16 pixels; a line is a little taller.
-  EXPECT_GT(line * canvas.pixelsPerUnitY(), 16);
-  EXPECT_LT(line * canvas.pixelsPerUnitY(), 24);
   // Windows-1252 letters, not broken UTF-8: an accent leaves the width alone.
-  EXPECT_FLOAT_EQ(canvas.TextWidth("\xE5\xE9"), canvas.TextWidth("ae"));
+  EXPECT_EQ(std::tuple(canvas.TextHeight(""), canvas.TextHeight("a\r\nb\nc\rd"),
+                       canvas.TextWidth("Hello world\r\nHi"), canvas.TextWidth("\xE5\xE9")),
+            std::tuple(line, 4 * line, wide, canvas.TextWidth("ae")));
+  // 12 points at 96 dpi are 16 pixels; a line is a little taller.
+  EXPECT_THAT(line * canvas.pixelsPerUnitY(), ::testing::AllOf(::testing::Gt(16), ::testing::Lt(24)));
   canvas.setScaleWidth(canvas.ScaleWidth() / 2);  // units twice as long
   EXPECT_NEAR(canvas.TextWidth("Hello world"), wide / 2, 1e-4);
 }
@@ -124,8 +126,9 @@ TEST_F(QtSurfaceTest, TheLogicDrawsCellsLinksAndTheSelection) {
   EXPECT_GT(countColour(saved, leftSide, kRed), leftSide.height());
   EXPECT_EQ(countColour(picture, leftSide, kRed), 0);
   zoomIn(app);
-  EXPECT_GT(savedPicture().width(), saved.width());
-  EXPECT_GT(savedPicture().height(), saved.height());
+  const QImage larger = savedPicture();
+  EXPECT_EQ(std::tuple(larger.width() > saved.width(), larger.height() > saved.height()),
+            std::tuple(true, true));
 }
 
 // Selecting and deselecting paints a cell again over the retained image; through its
@@ -159,8 +162,7 @@ TEST(QtPrinter, PrintingWithoutAPrinterSaysSo) {
   QWidget window;
   QtPrinter printer(&window);
   std::string error;
-  EXPECT_FALSE(printer.PrintForm(error));
-  EXPECT_EQ(error, "Fant ingen skriver.");
+  EXPECT_EQ(std::tuple(printer.PrintForm(error), error), std::tuple(false, "Fant ingen skriver."));
 }
 
 }  // namespace

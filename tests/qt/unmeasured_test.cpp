@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <tuple>
 
 #include "export/html_report.h"
 #include "export/info_view.h"
@@ -20,6 +21,9 @@ struct Written {
   std::vector<std::string> messages;
   std::string project, scheme, clipboard, report, projectPage, methodPage;
   size_t leftOut = 0;
+  auto fields() const {
+    return std::tie(messages, project, scheme, clipboard, report, projectPage, methodPage, leftOut);
+  }
 };
 
 Written readAndWrite(Surface& canvas, const std::string& plan) {
@@ -59,14 +63,7 @@ TEST(Unmeasured, WritesWhatTheMeasuredCanvasWrites) {
     UnmeasuredSurface unmeasured;
     Written desktop = readAndWrite(measured, plan);
     Written headless = readAndWrite(unmeasured, plan);
-    EXPECT_EQ(headless.messages, desktop.messages);
-    EXPECT_EQ(headless.leftOut, desktop.leftOut);
-    EXPECT_EQ(headless.project, desktop.project);
-    EXPECT_EQ(headless.scheme, desktop.scheme);
-    EXPECT_EQ(headless.clipboard, desktop.clipboard);
-    EXPECT_EQ(headless.report, desktop.report);
-    EXPECT_EQ(headless.projectPage, desktop.projectPage);
-    EXPECT_EQ(headless.methodPage, desktop.methodPage);
+    EXPECT_EQ(headless.fields(), desktop.fields());
   }
 }
 

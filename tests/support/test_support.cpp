@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <stdexcept>
 
 #include "core/record.h"
@@ -84,6 +85,42 @@ void writeFile(const std::string& path, const std::string& bytes) {
 
 std::string dataPath(const std::string& relative) {
   return std::string(TAVLERO_TEST_DATA) + "/" + relative;
+}
+
+std::vector<std::vector<std::string>> readCases(const std::string& relative) {
+  std::vector<std::vector<std::string>> rows;
+  std::istringstream lines(readFile(dataPath(relative)));
+  for (std::string line; std::getline(lines, line);) {
+    if (line.empty() || line[0] == '#') continue;
+    std::vector<std::string>& row = rows.emplace_back(1);
+    for (size_t i = 0; i < line.size(); ++i) {
+      if (line[i] == '\t') {
+        row.emplace_back();
+      } else if (line[i] != '\\' || i + 1 == line.size()) {
+        row.back() += line[i];
+      } else if (char c = line[++i]; c == 'x') {
+        row.back() += static_cast<char>(std::stoi(line.substr(i + 1, 2), nullptr, 16));
+        i += 2;
+      } else {
+        row.back() += c == 'r' ? '\r' : c == 'n' ? '\n' : c == 't' ? '\t' : c;
+      }
+    }
+  }
+  // A table that lost its file must not pass by testing nothing.
+  if (rows.empty()) throw std::runtime_error("no cases in " + relative);
+  return rows;
+}
+
+std::vector<std::vector<float>> numberGroups(const std::string& field) {
+  std::vector<std::vector<float>> groups;
+  std::istringstream list(field);
+  for (std::string group; std::getline(list, group, ';');) {
+    std::istringstream numbers(group);
+    std::vector<float>& found = groups.emplace_back();
+    for (float number; numbers >> number;) found.push_back(number);
+    if (!numbers.eof()) found.clear();
+  }
+  return groups;
 }
 
 }  // namespace tavlero::testing

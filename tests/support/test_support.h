@@ -219,5 +219,11 @@ std::string readFile(const std::string& path);
 void writeFile(const std::string& path, const std::string& bytes);
 // A file of tests/data.
 std::string dataPath(const std::string& relative);
+// The cases of a table in tests/data: one a line, its fields apart by TAB, where \r, \n, \t,
+// \\ and \xHH stand for their bytes. Blank lines and lines that start with # are comments.
+std::vector<std::vector<std::string>> readCases(const std::string& relative);
+// A case table's field of number groups, "1 2;3 4", as {{1, 2}, {3, 4}}; a group that is
+// not all numbers is empty.
+std::vector<std::vector<float>> numberGroups(const std::string& field);
 
 }  // namespace tavlero::testing

@@ -14,13 +14,6 @@ class TestSurface : public Surface {
 
   float TextWidth(const std::string& text) override;
   float TextHeight(const std::string& text) override;
-
-  int geometryChanges = 0;
-  int focusRequests = 0;
-  void SetFocus() override { ++focusRequests; }
-
- protected:
-  void geometryChanged() override { ++geometryChanges; }
 };
 
 }  // namespace tavlero
