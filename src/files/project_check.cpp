@@ -177,7 +177,10 @@ std::string cutField(std::string_view element, std::string_view behind) {
   for (const auto& [tags, what] : fields) {
     const std::string& open = tags.open;
     const std::string& close = tags.close;
-    size_t opened = element.rfind(open);
+    // The last opening, found forwards: rfind compares at every position.
+    size_t opened = std::string_view::npos;
+    for (size_t at = element.find(open); at != std::string_view::npos; at = element.find(open, at + 1))
+      opened = at;
     if (opened == std::string_view::npos || element.find(close, opened) != std::string_view::npos) continue;
     size_t closed = behind.find(close);
     if (closed != std::string_view::npos && closed < behind.find("<userMethod>")) return what;

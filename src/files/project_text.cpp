@@ -1,5 +1,7 @@
 #include "files/project_text.h"
 
+#include <string.h>
+
 #include <cmath>
 
 #include "core/record.h"
@@ -69,7 +71,11 @@ std::string projectFileText(const ProjectStore& store) {
 size_t ElementScanner::Finder::from(std::string_view text, size_t offset) {
   // The offset only grows: a tag found at or behind it is still the first one.
   if (!known || (found != std::string_view::npos && found < offset)) {
-    found = text.find(tag, offset);
+    // memmem rather than find: find stops at every '<' of the file to compare the rest.
+    const void* at = offset > text.size()
+                         ? nullptr
+                         : memmem(text.data() + offset, text.size() - offset, tag.data(), tag.size());
+    found = at ? static_cast<size_t>(static_cast<const char*>(at) - text.data()) : std::string_view::npos;
     known = true;
   }
   return found;
