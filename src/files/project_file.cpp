@@ -71,10 +71,9 @@ void readProjectText(App& app, const std::string& fileText, AfterReading after) 
     loadSettings(app);
   }
 
-  size_t methodsLeftOut = readMethods(store, fileText);
-  size_t linksLeftOut = readLinks(store, fileText);
-  store.leftOutAtReading = methodsLeftOut + linksLeftOut;
-  if (store.leftOutAtReading > 0) reportLeftOut(app, methodsLeftOut, linksLeftOut);
+  const LeftOut leftOut = readLists(store, fileText);
+  store.leftOutAtReading = leftOut.methods + leftOut.links;
+  if (store.leftOutAtReading > 0) reportLeftOut(app, leftOut.methods, leftOut.links);
 
   store.isSaved = true;
   compressBoard(app);

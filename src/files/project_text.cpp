@@ -3,6 +3,7 @@
 #include <string.h>
 
 #include <cmath>
+#include <future>
 
 #include "core/record.h"
 #include "core/records.h"
@@ -159,6 +160,16 @@ size_t readLinks(ProjectStore& store, std::string_view fileText) {
     }
     store.linkSizeList.AddItem(std::string(kGeometryPlaceholder));
   }
+  return leftOut;
+}
+
+LeftOut readLists(ProjectStore& store, std::string_view fileText) {
+  // The links take another thread when one can be had, else they wait for the methods.
+  std::future<size_t> links = std::async(std::launch::async | std::launch::deferred,
+                                         [&store, fileText] { return readLinks(store, fileText); });
+  LeftOut leftOut;
+  leftOut.methods = readMethods(store, fileText);
+  leftOut.links = links.get();
   return leftOut;
 }
 
