@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <future>
+#include <utility>
 
 #include "core/record.h"
 #include "core/records.h"
@@ -139,7 +140,7 @@ size_t readMethods(ProjectStore& store, std::string_view fileText) {
     }
     MethodParts parts = splitMethod(element);
     int16_t n = store.itemList.ListCount();
-    std::string longDescription = parts.longDescription;
+    std::string longDescription = std::move(parts.longDescription);
     if (recordsHoldTag && parts.hasLongDescription && parts.closedLongDescription)
       longDescription = store.getField(element, key::longDescription);
     store.setLongDescription(n, std::move(longDescription));
