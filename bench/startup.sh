@@ -33,7 +33,10 @@ INSIDE
 echo "plan: $count methods, $(wc -c <"$work/plan.tvl") bytes"
 least=0
 for _ in 1 2 3; do
-  read -r ms rss < <(timeout 120 xvfb-run -a -s "-screen 0 1280x1024x24" bash "$work/inside.sh" "$work")
-  if [ "$least" -eq 0 ] || [ "$ms" -lt "$least" ]; then least=$ms; fi
+  # A start that found no X server (another one took the display) counts for nothing.
+  if read -r ms rss < <(timeout 120 xvfb-run -a -s "-screen 0 1280x1024x24" bash "$work/inside.sh" "$work"); then
+    if [ "$least" -eq 0 ] || [ "$ms" -lt "$least" ]; then least=$ms; fi
+  fi
 done
+[ "$least" -gt 0 ] || { echo "no start reached its window" >&2; exit 1; }
 echo "start until the window shows: $least ms  peak $((rss / 1024)) MB"
