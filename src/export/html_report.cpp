@@ -4,6 +4,7 @@
 
 #include "export/export_file.h"
 #include "export/export_index.h"
+#include "files/save_file.h"
 
 namespace tavlero {
 
@@ -60,10 +61,14 @@ void appendMethodHtml(std::string& out, const ProjectStore& store, const ExportI
   out += "<hr />";
 }
 
+void reservePage(std::string& out, const ProjectStore& store, const ExportIndex& index) {
+  reserveLarge(out, index.expectedSize(330 + 2 * store.fontName.size(), 80));
+}
+
 std::string buildHtmlReport(const ProjectStore& store) {
   ExportIndex index(store);
   std::string out;
-  out.reserve(index.expectedSize(330 + 2 * store.fontName.size(), 80));
+  reservePage(out, store, index);
   out += "<html><body>" + kLineEnd;
   out += "<h1>" + store.programName + "</h1>" + kLineEnd;
   out += "<big><pre>" + store.programDescription + "</pre></big><hr />" + kLineEnd;

@@ -14,6 +14,8 @@ class ExportIndex;
 // to out: a page of every method is written in one buffer.
 void appendMethodHtml(std::string& out, const ProjectStore& store, const ExportIndex& index,
                       int16_t position);
+// Room in out for a page of every method's section.
+void reservePage(std::string& out, const ProjectStore& store, const ExportIndex& index);
 // "#RRGGBB" from a stored colour number.
 std::string colourText(int32_t colour);
 // The whole report file's text.

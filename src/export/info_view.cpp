@@ -36,7 +36,7 @@ std::string buildInfoPage(const ProjectStore& store) {
     page += store.fieldSeparator;
     appendMethodHtml(page, store, index, store.selectedCell);
   } else {
-    page.reserve(index.expectedSize(330 + 2 * store.fontName.size(), 80));
+    reservePage(page, store, index);
     page.append("<h1>").append(store.programName).append("</h1><big><pre>");
     page.append(store.programDescription).append("</pre></big><hr />");
     for (int16_t i = 0; i < store.itemList.ListCount(); ++i) appendMethodHtml(page, store, index, i);

@@ -3,6 +3,7 @@
 #include "core/cp1252.h"
 #include "export/export_file.h"
 #include "export/export_index.h"
+#include "files/save_file.h"
 
 namespace tavlero {
 
@@ -41,7 +42,7 @@ void appendSchemeText(std::string& out, const ProjectStore& store, const ExportI
 std::string buildScheme(const ProjectStore& store, bool forFile) {
   ExportIndex index(store);
   std::string out;
-  out.reserve(index.expectedSize(150, 4));
+  reserveLarge(out, index.expectedSize(150, 4));
   for (int16_t i = 0; i < store.itemList.ListCount(); ++i) {
     appendSchemeText(out, store, index, i);
     if (forFile) out += kLineEnd;

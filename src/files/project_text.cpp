@@ -8,6 +8,7 @@
 
 #include "core/record.h"
 #include "core/records.h"
+#include "files/save_file.h"
 
 namespace tavlero {
 
@@ -45,7 +46,7 @@ std::string projectFileText(const ProjectStore& store) {
   for (int16_t i = 0; i < store.itemList.ListCount(); ++i)
     estimate += 64 + store.itemList.List(i).size() + store.getLongDescription(i).size();
   for (const auto& link : store.linkList.items()) estimate += 32 + link.size();
-  out.reserve(estimate);
+  reserveLarge(out, estimate);
 
   out.append("<?xml version=\"1.0\"?>").append(kEnd);
   appendLine(out, "<projectName>", store.programName, "</projectName>");
