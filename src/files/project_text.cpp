@@ -128,6 +128,8 @@ MethodParts splitMethod(std::string_view element) {
   return parts;
 }
 
+namespace {
+
 size_t readMethods(ProjectStore& store, std::string_view fileText) {
   ElementScanner scanner(fileText, key::userMethod, kSkipBehindMethod);
   size_t leftOut = 0;
@@ -164,6 +166,8 @@ size_t readLinks(ProjectStore& store, std::string_view fileText) {
   }
   return leftOut;
 }
+
+}  // namespace
 
 LeftOut readLists(ProjectStore& store, std::string_view fileText) {
   // The links take another thread when one can be had, else they wait for the methods.
