@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The headless commands on a plan at the format's limit (32,001 methods, 32,767 links),
 # each as a ratio to a floor that reads the input once and writes as many bytes with
-# fsync, measured in the same run. Args: bin folder [methods].
+# fsync, measured in the same run; with each command's processor time and peak memory.
+# Args: bin folder [methods].
 set -eu
 bin=$1
 count=${2:-32001}
@@ -9,21 +10,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 unset DISPLAY WAYLAND_DISPLAY
 
-awk -v n="$count" 'BEGIN {
-  ORS = "\r\n"
-  print "<?xml version=\"1.0\"?>"; print "<projectName>Stort brett</projectName>"
-  print "<projectDescription></projectDescription>"; print "<fontName>Arial</fontName>"
-  print "<minimumCellWidth> 25</minimumCellWidth>"; print "<maximumCellWidth> 50</maximumCellWidth>"
-  print "<nameFontSize> 6</nameFontSize>"; print "<infoFontSize> 4</infoFontSize>"
-  for (i = 0; i < n; i++) {
-    printf "<userMethod>\r\n\t<positionX> %d</positionX>\r\n\t<positionY> %d</positionY>\r\n", 10 + (i % 100) * 70, 10 + int(i / 100) * 40
-    printf "\t<methodName>metode%d()</methodName>\r\n\t<shortDescription>Gj\370r del %d av jobben.</shortDescription>\r\n", i, i
-    printf "\t<cellColor> %d</cellColor>\r\n\t<cellFillStyle> %d</cellFillStyle>\r\n", (i % 3) * 65535, i % 8
-    printf "\t<longDescription>Metode %d leser, regner og skriver.</longDescription>\r\n", i; print "</userMethod>"
-  }
-  print ""; print ""
-  for (i = 0; i < 32767; i++) printf "<userLink>\r\n\t<linkSource>metode%d()</linkSource><linkTarget>metode%d()</linkTarget>\r\n</userLink>\r\n", i % n, (i * 7 + 1) % n
-}' >"$work/plan.tvl"
+bash "$(dirname "$0")/make_plan.sh" "$count" "$work/plan.tvl"
 
 seconds() {
   local start end
@@ -48,8 +35,13 @@ base=$(best floor)
 echo "floor: $((base / 1000)) ms"
 for command in save text html info check; do
   case $command in
-    check) t=$(best cli check "$work/plan.tvl") ;;
-    *) t=$(best cli "$command" "$work/plan.tvl" "$work/out") ;;
+    check) args=(check "$work/plan.tvl") ;;
+    *) args=("$command" "$work/plan.tvl" "$work/out") ;;
   esac
-  awk -v c="$command" -v t="$t" -v b="$base" 'BEGIN { printf "%-6s %6.0f ms  %5.1f x floor\n", c, t / 1000, t / b }'
+  t=$(best cli "${args[@]}")
+  # One more run for the processor time (the wall time waits for a busy machine) and the peak memory.
+  /usr/bin/time -f "%U %S %M" -o "$work/usage" "$bin/tavlero-cli" --settings "$work/s.cfg" "${args[@]}" >/dev/null || true
+  read -r user system rss <"$work/usage"
+  awk -v c="$command" -v t="$t" -v b="$base" -v u="$user" -v s="$system" -v rss="$rss" 'BEGIN {
+    printf "%-6s %6.0f ms  %5.1f x floor  cpu %4.0f ms  peak %4.0f MB\n", c, t / 1000, t / b, (u + s) * 1000, rss / 1024 }'
 done

@@ -41,6 +41,7 @@ class Session {
  private:
   std::string programPath_;
   std::string settingsPath_;
+  bool measured_;
   std::unique_ptr<Surface> canvas_;
   HeadlessUi ui_;
   HeadlessDialog dialog_;

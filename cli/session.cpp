@@ -19,6 +19,7 @@ std::vector<Command>& table() {
 Session::Session(std::string programPath, std::string settingsPath, bool measured)
     : programPath_(std::move(programPath)),
       settingsPath_(std::move(settingsPath)),
+      measured_(measured),
       canvas_(measured ? std::unique_ptr<Surface>(std::make_unique<QtSurface>())
                        : std::make_unique<UnmeasuredSurface>()),
       app_(*canvas_, Platform{ui_, dialog_, clipboard_, pictures_, printer_, forms_}) {}
@@ -36,7 +37,9 @@ bool Session::open(const std::string& in) {
                             MsgButtons::OK, MsgIcon::Critical, "Gale parametre");
     return false;
   }
-  return Form_Load(app_, programPath_, in, settingsPath_);
+  // A canvas that measures nothing serves outputs made from the records alone.
+  return Form_Load(app_, programPath_, in, settingsPath_,
+                   measured_ ? AfterReading::Draw : AfterReading::RecordsOnly);
 }
 
 int Session::done() const {

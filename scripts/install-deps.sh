@@ -7,7 +7,7 @@ packages=(
   g++ cmake make pkg-config clang-format
   qt6-base-dev qt6-svg-dev libgl-dev
   fonts-liberation fontconfig
-  xvfb xauth x11-utils xdotool
+  xvfb xauth x11-utils xdotool time
   libgtest-dev libgmock-dev libbenchmark-dev
   libxml2-utils poppler-utils
   libgumbo-dev qt6-translations-l10n

@@ -4,6 +4,7 @@
 
 #include "export/export_file.h"
 #include "export/export_index.h"
+#include "files/save_file.h"
 
 namespace tavlero {
 
@@ -16,7 +17,7 @@ const std::string kLineEnd = "\r\n";
 void appendTable(std::string& out, const ProjectStore& store, const ExportIndex& index,
                  std::span<const int16_t> links, bool showTarget) {
   const std::string& quote = store.quoteChar;
-  out += "<font face=" + quote + store.fontName + quote + "><table border>";
+  out.append("<font face=").append(quote).append(store.fontName).append(quote).append("><table border>");
   int16_t column = 0;
   for (int16_t link : links) {
     const std::string& other = showTarget ? index.linkTarget(link) : index.linkSource(link);
@@ -28,7 +29,9 @@ void appendTable(std::string& out, const ProjectStore& store, const ExportIndex&
       out += "<tr>";
     }
     ++column;
-    out += htmlFragment(store, other, colour, true);
+    out.append("<td bgcolor=").append(quote).append(colourText(colour)).append(quote);
+    out.append(" height=").append(quote).append("110%").append(quote).append("><b>");
+    out.append(other).append("</b></td>").append(store.fieldSeparator);
   }
   if (!links.empty()) out += "</tr>";
   out += "</table></font>";
@@ -45,36 +48,34 @@ std::string colourText(int32_t colour) {
   return "#" + digits.substr(digits.size() - 2) + digits.substr(2, 2) + digits.substr(0, 2);
 }
 
-std::string htmlFragment(const ProjectStore& store, const std::string& text, int32_t colour,
-                         bool asTableCell) {
-  if (!asTableCell) return text + store.fieldSeparator;
-  const std::string& quote = store.quoteChar;
-  return "<td bgcolor=" + quote + colourText(colour) + quote + " height=" + quote + "110%" + quote + "><b>" +
-         text + "</b></td>" + store.fieldSeparator;
-}
-
-std::string buildMethodHtml(const ProjectStore& store, const ExportIndex& index, int16_t position) {
-  const std::string& name = index.methodName(position);
-  std::string out;
-  out += htmlFragment(store, "<h1>" + name + "</h1>", 0, false);
-  out += "<p><pre>" + index.shortDescription(position) + "</pre></p>";
-  out += "<p><small><pre>" + index.longDescription(position) + "</pre></small></p>";
-  out += htmlFragment(store, "<h4>Bruker:</h4>", 0, false);
+void appendMethodHtml(std::string& out, const ProjectStore& store, const ExportIndex& index,
+                      int16_t position) {
+  const std::string& separator = store.fieldSeparator;
+  out.append("<h1>").append(index.methodName(position)).append("</h1>").append(separator);
+  out.append("<p><pre>").append(index.shortDescription(position)).append("</pre></p>");
+  out.append("<p><small><pre>").append(index.longDescription(position)).append("</pre></small></p>");
+  out.append("<h4>Bruker:</h4>").append(separator);
   appendTable(out, store, index, index.linksFrom(position), true);
-  out += htmlFragment(store, "<h4>Brukes av:</h4>", 0, false);
+  out.append("<h4>Brukes av:</h4>").append(separator);
   appendTable(out, store, index, index.linksTo(position), false);
   out += "<hr />";
-  return out;
+}
+
+void reservePage(std::string& out, const ProjectStore& store, const ExportIndex& index) {
+  reserveLarge(out, index.expectedSize(330 + 2 * store.fontName.size(), 80));
 }
 
 std::string buildHtmlReport(const ProjectStore& store) {
   ExportIndex index(store);
   std::string out;
-  out.reserve(index.expectedSize(330 + 2 * store.fontName.size(), 80));
+  reservePage(out, store, index);
   out += "<html><body>" + kLineEnd;
   out += "<h1>" + store.programName + "</h1>" + kLineEnd;
   out += "<big><pre>" + store.programDescription + "</pre></big><hr />" + kLineEnd;
-  for (int16_t i = 0; i < store.itemList.ListCount(); ++i) out += buildMethodHtml(store, index, i) + kLineEnd;
+  for (int16_t i = 0; i < store.itemList.ListCount(); ++i) {
+    appendMethodHtml(out, store, index, i);
+    out += kLineEnd;
+  }
   out += "</body></html>" + kLineEnd;
   return out;
 }

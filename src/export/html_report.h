@@ -10,10 +10,12 @@ namespace tavlero {
 
 class ExportIndex;
 
-// One method's section, from links and names gathered once for the whole page.
-std::string buildMethodHtml(const ProjectStore& store, const ExportIndex& index, int16_t position);
-std::string htmlFragment(const ProjectStore& store, const std::string& text, int32_t colour,
-                         bool asTableCell);
+// One method's section, from links and names gathered once for the whole page, appended
+// to out: a page of every method is written in one buffer.
+void appendMethodHtml(std::string& out, const ProjectStore& store, const ExportIndex& index,
+                      int16_t position);
+// Room in out for a page of every method's section.
+void reservePage(std::string& out, const ProjectStore& store, const ExportIndex& index);
 // "#RRGGBB" from a stored colour number.
 std::string colourText(int32_t colour);
 // The whole report file's text.

@@ -31,12 +31,16 @@ void failOpening(App& app, const std::string& path, const std::string& reason) {
 
 std::string buildInfoPage(const ProjectStore& store) {
   ExportIndex index(store);
-  if (store.selectedCell != -1)
-    return "<html><body>" + store.fieldSeparator + buildMethodHtml(store, index, store.selectedCell) +
-           "</body></html>";
-  std::string page = "<html><body><h1>" + store.programName + "</h1><big><pre>" + store.programDescription +
-                     "</pre></big><hr />";
-  for (int16_t i = 0; i < store.itemList.ListCount(); ++i) page += buildMethodHtml(store, index, i);
+  std::string page = "<html><body>";
+  if (store.selectedCell != -1) {
+    page += store.fieldSeparator;
+    appendMethodHtml(page, store, index, store.selectedCell);
+  } else {
+    reservePage(page, store, index);
+    page.append("<h1>").append(store.programName).append("</h1><big><pre>");
+    page.append(store.programDescription).append("</pre></big><hr />");
+    for (int16_t i = 0; i < store.itemList.ListCount(); ++i) appendMethodHtml(page, store, index, i);
+  }
   page += "</body></html>";
   return page;
 }

@@ -3,6 +3,7 @@
 #include "core/cp1252.h"
 #include "export/export_file.h"
 #include "export/export_index.h"
+#include "files/save_file.h"
 
 namespace tavlero {
 
@@ -21,30 +22,29 @@ void appendNames(std::string& out, const ExportIndex& index, std::span<const int
 
 }  // namespace
 
-std::string buildSchemeText(const ProjectStore& store, const ExportIndex& index, int16_t position) {
+void appendSchemeText(std::string& out, const ProjectStore& store, const ExportIndex& index,
+                      int16_t position) {
   static const std::string kProcedure = "Fremgangsmåte:"_cp;
   const std::string& sep = store.fieldSeparator;
   const std::string& name = index.methodName(position);
-  std::string out;
-  out += "Metode: " + name + kLineEnd + kLineEnd;
-  out += "Oppsummering: " + index.shortDescription(position) + kLineEnd + kLineEnd;
-  out += "'" + name + "' benytter:" + sep + sep;
+  out.append("Metode: ").append(name).append(kLineEnd).append(kLineEnd);
+  out.append("Oppsummering: ").append(index.shortDescription(position)).append(kLineEnd).append(kLineEnd);
+  out.append("'").append(name).append("' benytter:").append(sep).append(sep);
   appendNames(out, index, index.linksFrom(position), true, sep);
   out += kLineEnd;
-  out += "'" + name + "' blir brukt av:" + sep + sep;
+  out.append("'").append(name).append("' blir brukt av:").append(sep).append(sep);
   appendNames(out, index, index.linksTo(position), false, sep);
-  out += kLineEnd + kProcedure + kLineEnd;
+  out.append(kLineEnd).append(kProcedure).append(kLineEnd);
   out += index.longDescription(position);
-  out += kLineEnd + kLineEnd + "*************" + kLineEnd;
-  return out;
+  out.append(kLineEnd).append(kLineEnd).append("*************").append(kLineEnd);
 }
 
 std::string buildScheme(const ProjectStore& store, bool forFile) {
   ExportIndex index(store);
   std::string out;
-  out.reserve(index.expectedSize(150, 4));
+  reserveLarge(out, index.expectedSize(150, 4));
   for (int16_t i = 0; i < store.itemList.ListCount(); ++i) {
-    out += buildSchemeText(store, index, i);
+    appendSchemeText(out, store, index, i);
     if (forFile) out += kLineEnd;
   }
   return out;

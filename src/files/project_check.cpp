@@ -1,6 +1,8 @@
 #include "files/project_check.h"
 
 #include <algorithm>
+#include <array>
+#include <future>
 #include <initializer_list>
 #include <unordered_map>
 #include <unordered_set>
@@ -17,9 +19,31 @@ namespace tavlero {
 
 namespace {
 
+struct Tags {
+  std::string open;   // "<key>"
+  std::string close;  // "</key>"
+};
+
+Tags tagsOf(std::string_view key) {
+  return {"<" + std::string(key) + ">", "</" + std::string(key) + ">"};
+}
+
+// The tags of kProjectFileKeys, in its order, made once: the checks below ask for them
+// for every record of a plan.
+const std::array<Tags, kProjectFileKeys.size()>& fileTags() {
+  static const auto tags = [] {
+    std::array<Tags, kProjectFileKeys.size()> made;
+    for (size_t i = 0; i < made.size(); ++i) made[i] = tagsOf(kProjectFileKeys[i]);
+    return made;
+  }();
+  return tags;
+}
+
 std::string typedTag(std::string_view text) {
-  for (std::string_view field : kProjectFileKeys) {
-    for (std::string tag : {"<" + std::string(field) + ">", "</" + std::string(field) + ">"})
+  // Every tag starts with '<'; most texts hold none.
+  if (text.find('<') == std::string_view::npos) return {};
+  for (const Tags& tags : fileTags()) {
+    for (const std::string& tag : {tags.open, tags.close})
       if (text.find(tag) != std::string_view::npos) return tag;
   }
   return {};
@@ -39,10 +63,11 @@ bool textOutsideTags(std::string_view record) {
 class Report {
  public:
   void add(std::string line) { lines_.push_back(std::move(line)); }
-  // True when it found one.
-  bool typedTags(const std::string& where, std::string_view text) {
+  // The line names the text as where + what. True when it found one.
+  bool typedTags(std::string_view where, std::string_view what, std::string_view text) {
     std::string tag = typedTag(text);
-    if (!tag.empty()) add(where + " inneholder taggen '" + tag + "', som forstyrrer lesingen.");
+    if (!tag.empty())
+      add(std::string(where).append(what) + " inneholder taggen '" + tag + "', som forstyrrer lesingen.");
     return !tag.empty();
   }
   std::vector<std::string> take() { return std::move(lines_); }
@@ -67,16 +92,35 @@ size_t countFrom(std::string_view text, size_t offset, std::string_view tag) {
 // grow it at every save. Gives the first tag out of place.
 std::string tagOutOfPlace(std::string_view record, std::initializer_list<std::string_view> own,
                           std::string_view ignored) {
-  for (std::string_view key : kProjectFileKeys) {
+  // One pass over the record's '<': a tag has no '<' or '>' inside, so each of its places
+  // is a '<' followed by the key, or '/' and the key, up to the next '>'.
+  struct Seen {
+    size_t opens = 0, closes = 0;
+    size_t firstOpen = std::string_view::npos, firstClose = std::string_view::npos;
+  };
+  std::array<Seen, kProjectFileKeys.size()> seen;
+  for (size_t at = record.find('<'); at != std::string_view::npos; at = record.find('<', at + 1)) {
+    size_t end = record.find('>', at);
+    if (end == std::string_view::npos) break;
+    std::string_view name = record.substr(at + 1, end - at - 1);
+    const bool closing = name.starts_with('/');
+    if (closing) name.remove_prefix(1);
+    auto key = std::find(kProjectFileKeys.begin(), kProjectFileKeys.end(), name);
+    if (key == kProjectFileKeys.end()) continue;
+    Seen& tag = seen[static_cast<size_t>(key - kProjectFileKeys.begin())];
+    size_t& first = closing ? tag.firstClose : tag.firstOpen;
+    if (first == std::string_view::npos) first = at;
+    ++(closing ? tag.closes : tag.opens);
+  }
+  for (size_t i = 0; i < kProjectFileKeys.size(); ++i) {
+    std::string_view key = kProjectFileKeys[i];
     if (key == ignored) continue;
-    std::string open = "<" + std::string(key) + ">";
-    std::string close = "</" + std::string(key) + ">";
-    size_t opens = countFrom(record, 0, open);
-    size_t closes = countFrom(record, 0, close);
+    const Seen& tag = seen[i];
+    const Tags& tags = fileTags()[i];
     if (std::find(own.begin(), own.end(), key) == own.end()) {
-      if (opens + closes > 0) return opens > 0 ? open : close;
-    } else if (opens > 1 || closes > 1 || opens != closes || record.find(close) < record.find(open)) {
-      return opens == 1 ? close : open;
+      if (tag.opens + tag.closes > 0) return tag.opens > 0 ? tags.open : tags.close;
+    } else if (tag.opens > 1 || tag.closes > 1 || tag.opens != tag.closes || tag.firstClose < tag.firstOpen) {
+      return tag.opens == 1 ? tags.close : tags.open;
     }
   }
   return {};
@@ -127,14 +171,17 @@ void checkNumbers(Report& report, std::string_view text) {
 // opens and does not close, when that field's closing tag still follows before the next
 // method. Empty when the element ended at its own closing tag.
 std::string cutField(std::string_view element, std::string_view behind) {
-  const std::pair<std::string_view, const char*> fields[] = {
-      {key::methodName, "navnet"},
-      {key::shortDescription, "sammendraget"},
-      {key::longDescription, "den lange beskrivelsen"}};
-  for (const auto& [field, what] : fields) {
-    const std::string open = "<" + std::string(field) + ">";
-    const std::string close = "</" + std::string(field) + ">";
-    size_t opened = element.rfind(open);
+  static const std::pair<Tags, const char*> fields[] = {
+      {tagsOf(key::methodName), "navnet"},
+      {tagsOf(key::shortDescription), "sammendraget"},
+      {tagsOf(key::longDescription), "den lange beskrivelsen"}};
+  for (const auto& [tags, what] : fields) {
+    const std::string& open = tags.open;
+    const std::string& close = tags.close;
+    // The last opening, found forwards: rfind compares at every position.
+    size_t opened = std::string_view::npos;
+    for (size_t at = element.find(open); at != std::string_view::npos; at = element.find(open, at + 1))
+      opened = at;
     if (opened == std::string_view::npos || element.find(close, opened) != std::string_view::npos) continue;
     size_t closed = behind.find(close);
     if (closed != std::string_view::npos && closed < behind.find("<userMethod>")) return what;
@@ -157,6 +204,7 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
   const float start[2] = {twipsToMillimetres(kMainClientWidthTwips),
                           twipsToMillimetres(kMainClientHeightTwips)};
   bool reachesStart[2] = {false, false};
+  const Tags positionTags[] = {tagsOf(kPositions[0]), tagsOf(kPositions[1])};
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     ++number;
     MethodParts parts = splitMethod(element);
@@ -175,9 +223,9 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
       report.add(label + ": den lange beskrivelsen inneholder '</longDescription>'; resten havner i posten.");
     // A typed closing tag that cut the method short already names the cause.
     bool typed = !cut.empty();
-    typed |= report.typedTags(label + ": navnet", name);
-    typed |= report.typedTags(label + ": sammendraget", getField(parts.record, key::shortDescription));
-    typed |= report.typedTags(label + ": den lange beskrivelsen", parts.longDescription);
+    typed |= report.typedTags(label, ": navnet", name);
+    typed |= report.typedTags(label, ": sammendraget", getField(parts.record, key::shortDescription));
+    typed |= report.typedTags(label, ": den lange beskrivelsen", parts.longDescription);
     if (!causeKnown && !typed) {
       if (textOutsideTags(parts.record))
         report.add(label + ": tekst utenfor taggene går tapt ved lagring."_cp);
@@ -190,7 +238,7 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
                    "' står feil i posten, så posten endres ved hver lagring."_cp);
     }
     for (size_t axis = 0; axis < 2; ++axis)
-      if (parts.record.find("<" + std::string(kPositions[axis]) + ">") == std::string::npos) ++lacking[axis];
+      if (parts.record.find(positionTags[axis].open) == std::string::npos) ++lacking[axis];
     for (size_t axis = 0; axis < 2; ++axis)
       reachesStart[axis] |= !(toSingle(numberField(parts.record, kPositions[axis])) > start[axis]);
     int32_t fill = toLong(numberField(parts.record, key::cellFillStyle));
@@ -254,8 +302,7 @@ void checkLinks(Report& report, std::string_view text, const std::unordered_set<
 // The lists as the reader fills them from text.
 ProjectStore readRecords(std::string_view text) {
   ProjectStore store;
-  readMethods(store, text);
-  readLinks(store, text);
+  readLists(store, text);
   return store;
 }
 
@@ -292,11 +339,18 @@ std::vector<std::string> checkProject(std::string_view fileText) {
                  ">'; teksten leses som tom.");
     }
   }
-  causeKnown |= report.typedTags("Prosjektnavnet", getField(fileText, key::projectName));
-  causeKnown |= report.typedTags("Prosjektbeskrivelsen", getField(fileText, key::projectDescription));
-  causeKnown |= report.typedTags("Skriftnavnet", getField(fileText, key::fontName));
+  causeKnown |= report.typedTags("Prosjektnavnet", "", getField(fileText, key::projectName));
+  causeKnown |= report.typedTags("Prosjektbeskrivelsen", "", getField(fileText, key::projectDescription));
+  causeKnown |= report.typedTags("Skriftnavnet", "", getField(fileText, key::fontName));
+  // The settling reads the file on its own, on a second core where there is one; its
+  // lines come last.
+  std::future<Report> settling = std::async(std::launch::async | std::launch::deferred, [fileText] {
+    Report lines;
+    checkSettling(lines, fileText);
+    return lines;
+  });
   checkLinks(report, fileText, checkMethods(report, fileText, causeKnown), causeKnown);
-  checkSettling(report, fileText);
+  for (std::string& line : settling.get().take()) report.add(std::move(line));
   return report.take();
 }
 

@@ -1,5 +1,8 @@
 #include "files/project_file.h"
 
+#include <unordered_set>
+#include <vector>
+
 #include "board/board.h"
 #include "board/compress.h"
 #include "core/cp1252.h"
@@ -31,8 +34,27 @@ void reportLeftOut(App& app, size_t methods, size_t links) {
                          MsgButtons::OK, MsgIcon::Exclamation, "Tavlero");
 }
 
+// The records as a redraw leaves them: a link that names a cell no longer there is
+// removed; one with an end left empty stays, as the drawing leaves it alone.
+void removeLinksToMissingCells(ProjectStore& store) {
+  std::unordered_set<std::string> names;
+  names.reserve(store.itemList.items().size());
+  for (const std::string& record : store.itemList.items()) names.insert(getField(record, key::methodName));
+  std::vector<int16_t> gone;
+  const auto& links = store.linkList.items();
+  for (size_t i = 0; i < links.size(); ++i) {
+    LinkEnds ends = readLink(links[i]);
+    if (!ends.source.empty() && !ends.target.empty() &&
+        (!names.contains(ends.source) || !names.contains(ends.target)))
+      gone.push_back(static_cast<int16_t>(i));
+  }
+  if (gone.empty()) return;
+  store.linkList.RemoveItems(gone);
+  store.linkSizeList.RemoveItems(gone);
+}
+
 // Everything of the reader after the file was read; the lists are already empty.
-void readProjectText(App& app, const std::string& fileText) {
+void readProjectText(App& app, const std::string& fileText, AfterReading after) {
   ProjectStore& store = app.store;
   store.programName = getField(fileText, key::projectName);
   store.programDescription = getField(fileText, key::projectDescription);
@@ -49,14 +71,16 @@ void readProjectText(App& app, const std::string& fileText) {
     loadSettings(app);
   }
 
-  size_t methodsLeftOut = readMethods(store, fileText);
-  size_t linksLeftOut = readLinks(store, fileText);
-  store.leftOutAtReading = methodsLeftOut + linksLeftOut;
-  if (store.leftOutAtReading > 0) reportLeftOut(app, methodsLeftOut, linksLeftOut);
+  const LeftOut leftOut = readLists(store, fileText);
+  store.leftOutAtReading = leftOut.methods + leftOut.links;
+  if (store.leftOutAtReading > 0) reportLeftOut(app, leftOut.methods, leftOut.links);
 
   store.isSaved = true;
   compressBoard(app);
-  redrawBoard(app);
+  if (after == AfterReading::Draw)
+    redrawBoard(app);
+  else
+    removeLinksToMissingCells(store);
 }
 
 void clearProject(ProjectStore& store) {
@@ -81,18 +105,18 @@ bool writeProject(App& app, const std::string& fileName, const std::string& fold
   return true;
 }
 
-bool readProject(App& app, const std::string& path) {
+bool readProject(App& app, const std::string& path, AfterReading after) {
   clearProject(app.store);
   std::string fileText;
   // A path that names no file, in a folder that exists, becomes an empty file first.
   if (readWholeFile(path, fileText, IfMissing::CreateEmpty) != FileError::None) return false;
-  readProjectText(app, fileText);
+  readProjectText(app, fileText, after);
   return true;
 }
 
 void readProjectFromText(App& app, const std::string& fileText) {
   clearProject(app.store);
-  readProjectText(app, fileText);
+  readProjectText(app, fileText, AfterReading::Draw);
 }
 
 bool showSaveDialog(App& app, const std::string& filter, const std::string& defaultExt) {
@@ -132,7 +156,7 @@ void openProjectDialog(App& app) {
   app.store.projectFileName = dialog.FileTitle;
   app.store.projectFolder = dialog.FileName.substr(0, dialog.FileName.size() - dialog.FileTitle.size());
   clearProject(app.store);
-  readProjectText(app, fileText);
+  readProjectText(app, fileText, AfterReading::Draw);
 }
 
 }  // namespace tavlero

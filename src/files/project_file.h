@@ -12,9 +12,14 @@ namespace tavlero {
 // was and a Norwegian message names the file. True when written.
 bool writeProject(App& app, const std::string& fileName, const std::string& folder);
 
+// What reading ends with: the board drawn, or for a caller that shows nothing only what
+// the drawing does to the records (links to a missing cell go); the geometry lists then
+// keep their placeholders.
+enum class AfterReading { Draw, RecordsOnly };
+
 // Replaces the project with the file's content and redraws. False when the file could
 // not be opened or read; the lists are empty then, and no message was shown.
-bool readProject(App& app, const std::string& path);
+bool readProject(App& app, const std::string& path, AfterReading after = AfterReading::Draw);
 
 // The same reader on bytes already in memory.
 void readProjectFromText(App& app, const std::string& fileText);

@@ -1,9 +1,14 @@
 #include "files/project_text.h"
 
+#include <string.h>
+
 #include <cmath>
+#include <future>
+#include <utility>
 
 #include "core/record.h"
 #include "core/records.h"
+#include "files/save_file.h"
 
 namespace tavlero {
 
@@ -41,7 +46,7 @@ std::string projectFileText(const ProjectStore& store) {
   for (int16_t i = 0; i < store.itemList.ListCount(); ++i)
     estimate += 64 + store.itemList.List(i).size() + store.getLongDescription(i).size();
   for (const auto& link : store.linkList.items()) estimate += 32 + link.size();
-  out.reserve(estimate);
+  reserveLarge(out, estimate);
 
   out.append("<?xml version=\"1.0\"?>").append(kEnd);
   appendLine(out, "<projectName>", store.programName, "</projectName>");
@@ -69,7 +74,11 @@ std::string projectFileText(const ProjectStore& store) {
 size_t ElementScanner::Finder::from(std::string_view text, size_t offset) {
   // The offset only grows: a tag found at or behind it is still the first one.
   if (!known || (found != std::string_view::npos && found < offset)) {
-    found = text.find(tag, offset);
+    // memmem rather than find: find stops at every '<' of the file to compare the rest.
+    const void* at = offset > text.size()
+                         ? nullptr
+                         : memmem(text.data() + offset, text.size() - offset, tag.data(), tag.size());
+    found = at ? static_cast<size_t>(static_cast<const char*>(at) - text.data()) : std::string_view::npos;
     known = true;
   }
   return found;
@@ -119,6 +128,8 @@ MethodParts splitMethod(std::string_view element) {
   return parts;
 }
 
+namespace {
+
 size_t readMethods(ProjectStore& store, std::string_view fileText) {
   ElementScanner scanner(fileText, key::userMethod, kSkipBehindMethod);
   size_t leftOut = 0;
@@ -132,7 +143,7 @@ size_t readMethods(ProjectStore& store, std::string_view fileText) {
     }
     MethodParts parts = splitMethod(element);
     int16_t n = store.itemList.ListCount();
-    std::string longDescription = parts.longDescription;
+    std::string longDescription = std::move(parts.longDescription);
     if (recordsHoldTag && parts.hasLongDescription && parts.closedLongDescription)
       longDescription = store.getField(element, key::longDescription);
     store.setLongDescription(n, std::move(longDescription));
@@ -153,6 +164,18 @@ size_t readLinks(ProjectStore& store, std::string_view fileText) {
     }
     store.linkSizeList.AddItem(std::string(kGeometryPlaceholder));
   }
+  return leftOut;
+}
+
+}  // namespace
+
+LeftOut readLists(ProjectStore& store, std::string_view fileText) {
+  // The links take another thread when one can be had, else they wait for the methods.
+  std::future<size_t> links = std::async(std::launch::async | std::launch::deferred,
+                                         [&store, fileText] { return readLinks(store, fileText); });
+  LeftOut leftOut;
+  leftOut.methods = readMethods(store, fileText);
+  leftOut.links = links.get();
   return leftOut;
 }
 

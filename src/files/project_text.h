@@ -68,10 +68,15 @@ MethodParts splitMethod(std::string_view element);
 inline constexpr size_t kSkipBehindMethod = 1;  // the character behind </userMethod>
 inline constexpr size_t kSkipBehindLink = 0;
 
+// How many methods and links of a file lay beyond what a plan holds.
+struct LeftOut {
+  size_t methods = 0;
+  size_t links = 0;
+};
+
 // The reader's two loops: they append the file's methods (with their long descriptions)
 // and links to the store's lists, each with its geometry placeholder, up to what a plan
-// holds. Each gives how many it left out beyond that.
-size_t readMethods(ProjectStore& store, std::string_view fileText);
-size_t readLinks(ProjectStore& store, std::string_view fileText);
+// holds. They fill lists of their own, so they run side by side on two cores.
+LeftOut readLists(ProjectStore& store, std::string_view fileText);
 
 }  // namespace tavlero

@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -354,6 +355,16 @@ FileError saveFile(const std::string& path, std::string_view bytes) {
   return creatingErrorOf(save(path, bytes));
 }
 
+void reserveLarge(std::string& text, size_t bytes) {
+  text.reserve(text.size() + bytes);
+  constexpr uintptr_t kLargePage = uintptr_t{2} << 20;
+  const auto begin = reinterpret_cast<uintptr_t>(text.data());
+  const uintptr_t first = (begin + kLargePage - 1) & ~(kLargePage - 1);
+  const uintptr_t last = (begin + text.capacity()) & ~(kLargePage - 1);
+  // Only advice: without large pages the buffer works as well.
+  if (last > first) ::madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE);
+}
+
 FileError readWholeFile(const std::string& path, std::string& bytes, IfMissing missing) {
   // Told apart before opening: opening a device can have effects of its own.
   struct stat info {};
@@ -369,7 +380,7 @@ FileError readWholeFile(const std::string& path, std::string& bytes, IfMissing m
   if (::fstat(file.get(), &info) != 0) return errorOf(errno);
   if (FileError kind = readableKind(info); kind != FileError::None) return kind;
   std::string text;
-  text.reserve(static_cast<size_t>(info.st_size));
+  reserveLarge(text, static_cast<size_t>(info.st_size));
   char buffer[65536];
   for (;;) {
     ssize_t got = ::read(file.get(), buffer, sizeof buffer);

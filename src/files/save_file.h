@@ -58,6 +58,11 @@ FileError readWholeFile(const std::string& path, std::string& bytes, IfMissing m
 // One sentence (Windows-1252) that says why.
 std::string fileErrorReason(FileError error);
 
+// Reserves room for bytes more characters in text, asking the system for large pages
+// where a whole plan's text makes one buffer: a page fault each 4 KB costs more than the
+// copying.
+void reserveLarge(std::string& text, size_t bytes);
+
 enum class FileAction { Save, Open };
 // "Kunne ikke lagre filen 'path'. reason" or "Kunne ikke åpne filen 'path'. reason", in
 // Windows-1252, the path as the user typed or chose it.

@@ -16,7 +16,7 @@ std::string folderOf(const std::string& path) {
 }
 
 bool Form_Load(App& app, const std::string& programPath, const std::string& commandLine,
-               const std::string& settingsPath) {
+               const std::string& settingsPath, AfterReading after) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
   store.appFolder = folderOf(programPath);
@@ -59,7 +59,7 @@ bool Form_Load(App& app, const std::string& programPath, const std::string& comm
     else
       path = path.substr(1, path.size() - 2);
   }
-  if (ok) ok = readProject(app, path);
+  if (ok) ok = readProject(app, path, after);
   if (ok) return true;
   app.platform.ui.MsgBox("En feil oppstod under åpning av filen: '"_cp + utf8ToCp1252(path) + "'",
                          MsgButtons::OK, MsgIcon::Critical, "Gale parametre");

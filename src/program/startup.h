@@ -5,6 +5,7 @@
 
 #include "core/app.h"
 #include "core/window_size.h"
+#include "files/project_file.h"
 
 namespace tavlero {
 
@@ -15,8 +16,9 @@ std::string folderOf(const std::string& path);
 // arguments joined by one blank each. Returns false when the program must end (the
 // command line's project could not be read; the message was shown). settingsPath, when
 // not empty, takes the place of tavlero.cfg beside the program (the headless tool's option).
+// after: what reading the command line's project ends with.
 bool Form_Load(App& app, const std::string& programPath, const std::string& commandLine,
-               const std::string& settingsPath = {});
+               const std::string& settingsPath = {}, AfterReading after = AfterReading::Draw);
 
 void Form_GotFocus(App& app);
 
