@@ -19,12 +19,25 @@ struct TagSpan {
 // The search has no test that the opening tag was found: without it, start counts from
 // position 0, exactly as the 1-based rule "openPos + length" does with openPos = 0.
 TagSpan findTags(std::string_view record, std::string_view key) {
-  std::string openTag;
-  openTag.reserve(key.size() + 2);
-  openTag.append("<").append(key).append(">");
-  std::string closeTag;
-  closeTag.reserve(key.size() + 3);
-  closeTag.append("</").append(key).append(">");
+  // "<key></key>" in one buffer, on the stack for every key of the format: each field read
+  // makes both tags, and most are longer than a string's own small buffer.
+  char stack[64];
+  std::string heap;
+  const size_t length = 2 * key.size() + 5;
+  char* tags = stack;
+  if (length > sizeof stack) {
+    heap.resize(length);
+    tags = heap.data();
+  }
+  tags[0] = '<';
+  key.copy(tags + 1, key.size());
+  tags[key.size() + 1] = '>';
+  tags[key.size() + 2] = '<';
+  tags[key.size() + 3] = '/';
+  key.copy(tags + key.size() + 4, key.size());
+  tags[length - 1] = '>';
+  const std::string_view openTag(tags, key.size() + 2);
+  const std::string_view closeTag(tags + key.size() + 2, key.size() + 3);
   size_t openPos = record.find(openTag);  // 0-based
   size_t start = (openPos == std::string_view::npos) ? openTag.size() - 1 : openPos + openTag.size();
   return {start, record.find(closeTag), openPos != std::string_view::npos};
