@@ -2,45 +2,25 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
-#include <string_view>
 
 namespace tavlero {
 
 void DisplayList::clear() {
   ops_.clear();
-  replaced_.clear();
-  lastPrint_.clear();
   texts_.clear();
   fonts_.clear();
   grid_.clear();
   huge_.clear();
+  again_.clear();
   indexed_ = 0;
 }
 
 void DisplayList::add(const DrawOp& op) {
-  const auto index = static_cast<uint32_t>(ops_.size());
   ops_.push_back(op);
-  replaced_.push_back(0);
-  if (op.kind != DrawKind::Text) return;
-  // Keyed by a hash of place, font and text; a print whose hash meets a different one
-  // only takes the key over, which at worst leaves an earlier print in place.
-  const FontSpec& font = fonts_[op.font];
-  size_t key = std::hash<std::string_view>()(texts_[op.text]);
-  for (size_t part : {std::hash<float>()(op.x1), std::hash<float>()(op.y1), std::hash<float>()(font.Size),
-                      std::hash<std::string_view>()(font.Name), size_t{font.Bold}})
-    key = key * 1000003 ^ part;
-  auto [earlier, isNew] = lastPrint_.try_emplace(key, index);
-  if (isNew) return;
-  const DrawOp& before = ops_[earlier->second];
-  if (before.x1 == op.x1 && before.y1 == op.y1 && fonts_[before.font] == font &&
-      texts_[before.text] == texts_[op.text])
-    replaced_[earlier->second] = 1;
-  earlier->second = index;
 }
 
 uint32_t DisplayList::addText(std::string text) {
-  texts_.push_back(std::move(text));
+  texts_.push_back(std::make_shared<const std::string>(std::move(text)));
   return static_cast<uint32_t>(texts_.size() - 1);
 }
 
@@ -51,6 +31,37 @@ uint32_t DisplayList::addFont(const FontSpec& font) {
     if (fonts_[i] == font) return static_cast<uint32_t>(i);
   fonts_.push_back(font);
   return static_cast<uint32_t>(fonts_.size() - 1);
+}
+
+DrawnOps DisplayList::copy(size_t from, size_t to) const {
+  DrawnOps drawn;
+  drawn.ops.assign(ops_.begin() + static_cast<ptrdiff_t>(from), ops_.begin() + static_cast<ptrdiff_t>(to));
+  if (!drawn.ops.empty()) drawn.bounds = bounds(drawn.ops.front());
+  for (DrawOp& op : drawn.ops) {
+    BoardRect r = bounds(op);
+    drawn.bounds = {std::min(drawn.bounds.left, r.left), std::min(drawn.bounds.top, r.top),
+                    std::max(drawn.bounds.right, r.right), std::max(drawn.bounds.bottom, r.bottom)};
+    if (op.kind != DrawKind::Text) continue;
+    drawn.texts.push_back(texts_[op.text]);
+    op.text = static_cast<uint32_t>(drawn.texts.size() - 1);
+    const FontSpec& font = fonts_[op.font];
+    auto known = std::find(drawn.fonts.begin(), drawn.fonts.end(), font);
+    op.font = static_cast<uint32_t>(known - drawn.fonts.begin());
+    if (known == drawn.fonts.end()) drawn.fonts.push_back(font);
+  }
+  return drawn;
+}
+
+void DisplayList::append(const DrawnOps& drawn) {
+  ops_.reserve(ops_.size() + drawn.ops.size());
+  for (DrawOp op : drawn.ops) {
+    if (op.kind == DrawKind::Text) {
+      texts_.push_back(drawn.texts[op.text]);
+      op.text = static_cast<uint32_t>(texts_.size() - 1);
+      op.font = addFont(drawn.fonts[op.font]);
+    }
+    ops_.push_back(op);
+  }
 }
 
 BoardRect DisplayList::bounds(const DrawOp& op) {
@@ -90,16 +101,40 @@ void DisplayList::index(uint32_t opIndex) const {
 }
 
 void DisplayList::rebuildIndexIfNeeded() const {
+  again_.resize(ops_.size(), 0);
   for (; indexed_ < ops_.size(); ++indexed_) index(static_cast<uint32_t>(indexed_));
+}
+
+bool DisplayList::printedAgain(uint32_t opIndex) const {
+  const DrawOp& op = ops_[opIndex];
+  if (op.kind != DrawKind::Text) return false;
+  // Once printed again, always: only that answer is kept, a later print may change a no.
+  if (again_[opIndex]) return true;
+  auto same = [&](uint32_t later) {
+    const DrawOp& other = ops_[later];
+    return later > opIndex && other.kind == DrawKind::Text && other.x1 == op.x1 && other.y1 == op.y1 &&
+           (other.font == op.font || fonts_[other.font] == fonts_[op.font]) &&
+           (other.text == op.text || *texts_[other.text] == *texts_[op.text]);
+  };
+  // A print at the same place has bounds that hold its top left corner, so it sits in the
+  // corner's bucket, or among the operations too large to bucket.
+  bool found = std::any_of(huge_.begin(), huge_.end(), same);
+  double bx = std::floor(op.x1 / kBucket), by = std::floor(op.y1 / kBucket);
+  if (!found && std::fabs(bx) <= 1e9 && std::fabs(by) <= 1e9) {
+    auto bucket = grid_.find(key(static_cast<int32_t>(bx), static_cast<int32_t>(by)));
+    if (bucket != grid_.end()) found = std::any_of(bucket->second.begin(), bucket->second.end(), same);
+  }
+  again_[opIndex] = found;
+  return found;
 }
 
 std::vector<uint32_t> DisplayList::query(const BoardRect& area) const {
   rebuildIndexIfNeeded();
   std::vector<uint32_t> found;
   auto meets = [&](uint32_t i) {
-    if (replaced_[i]) return false;
     BoardRect r = bounds(ops_[i]);
-    return r.right >= area.left && r.left <= area.right && r.bottom >= area.top && r.top <= area.bottom;
+    return r.right >= area.left && r.left <= area.right && r.bottom >= area.top && r.top <= area.bottom &&
+           !printedAgain(i);
   };
   double bx0 = std::floor(area.left / kBucket), bx1 = std::floor(area.right / kBucket);
   double by0 = std::floor(area.top / kBucket), by1 = std::floor(area.bottom / kBucket);

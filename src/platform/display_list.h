@@ -4,6 +4,7 @@
 // without ever holding one bitmap of a board that may be far larger than any image.
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -37,15 +38,27 @@ struct BoardRect {
   float left, top, right, bottom;
 };
 
+// Operations taken out of a picture with their texts and fonts, to be drawn again later
+// exactly as they were; the texts are shared, not copied.
+struct DrawnOps {
+  std::vector<DrawOp> ops;  // text and font: indices into texts and fonts below
+  std::vector<std::shared_ptr<const std::string>> texts;
+  std::vector<FontSpec> fonts;
+  BoardRect bounds{0, 0, 0, 0};  // of all the operations; meaningless when there are none
+};
+
 class DisplayList {
  public:
   void clear();
   void add(const DrawOp& op);
   uint32_t addText(std::string text);
   uint32_t addFont(const FontSpec& font);
+  // The operations [from, to) with what they need, and their adding back at the end.
+  DrawnOps copy(size_t from, size_t to) const;
+  void append(const DrawnOps& drawn);
 
   const std::vector<DrawOp>& ops() const { return ops_; }
-  const std::string& text(uint32_t index) const { return texts_[index]; }
+  const std::string& text(uint32_t index) const { return *texts_[index]; }
   const FontSpec& font(uint32_t index) const { return fonts_[index]; }
   size_t size() const { return ops_.size(); }
 
@@ -66,14 +79,14 @@ class DisplayList {
   }
   void index(uint32_t opIndex) const;
   void rebuildIndexIfNeeded() const;
+  bool printedAgain(uint32_t opIndex) const;
 
   std::vector<DrawOp> ops_;
-  std::vector<uint8_t> replaced_;                   // per operation: a text printed again later
-  std::unordered_map<size_t, uint32_t> lastPrint_;  // hash of place, font and text -> operation
-  std::vector<std::string> texts_;
+  std::vector<std::shared_ptr<const std::string>> texts_;
   std::vector<FontSpec> fonts_;
   mutable std::unordered_map<int64_t, std::vector<uint32_t>> grid_;
-  mutable std::vector<uint32_t> huge_;  // operations too large to bucket
+  mutable std::vector<uint32_t> huge_;   // operations too large to bucket
+  mutable std::vector<uint8_t> again_;   // per operation: a text known to be printed again later
   mutable size_t indexed_ = 0;
 };
 
