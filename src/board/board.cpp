@@ -391,7 +391,21 @@ void redrawBoard(App& app) {
     else
       for (int16_t i = 0; i < cells; ++i) drawCell(app, i);
   }
+  app.cellHits.adopt(store.sizeList, std::move(boxes));
+
+  // The links' boxes as their records read, less those that the sweep takes out. Every
+  // link drawn in this redraw has its record, as its drawing knows it, in linkSizeList.
+  memo.links.resize(static_cast<size_t>(links));
+  std::vector<Box> lines;
+  lines.reserve(memo.links.size());
+  for (int16_t i = 0; i < links; ++i) {
+    const LinkDrawing& d = memo.links[static_cast<size_t>(i)];
+    if (!store.linkList.List(i).empty()) lines.push_back(d.valid ? d.box : readBox(store.linkSizeList.List(i)));
+  }
+  for (int16_t i = links; i-- > 0;)
+    if (store.linkList.List(i).empty()) memo.links.erase(memo.links.begin() + i);
   removeBlankLinks(app);
+  app.linkHits.adopt(store.linkSizeList, std::move(lines));
 }
 
 namespace {
