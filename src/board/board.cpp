@@ -208,16 +208,16 @@ CellContext contextNow(App& app) {
   return context;
 }
 
-std::vector<CellDrawing>& cellDrawings(DrawingMemo& memo, CellContext context) {
+DrawingMemo::Cells& cellDrawings(DrawingMemo& memo, CellContext context) {
   auto& sets = memo.cells;
   auto it = std::find_if(sets.begin(), sets.end(), [&](const auto& set) { return set.context == context; });
   if (it == sets.end()) {
     if (sets.size() >= kKeptContexts) sets.pop_back();
-    sets.insert(sets.begin(), {std::move(context), {}});
+    sets.insert(sets.begin(), {std::move(context), {}, {}});
   } else {
     std::rotate(sets.begin(), it, it + 1);
   }
-  return sets.front().drawings;
+  return sets.front();
 }
 
 // The drawings by index follow the list: an entry taken out of the list takes its drawing
@@ -232,7 +232,7 @@ Drawing& drawingAt(std::vector<Drawing>& drawings, size_t count, size_t index, c
   return drawings[index];
 }
 
-void drawCellFromMemo(App& app, int16_t index, const CellDrawing& d) {
+void drawCellFromMemo(App& app, int16_t index, const CellDrawing& d, bool geometryStands) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
   float zoom = store.zoomFactor;
@@ -247,7 +247,7 @@ void drawCellFromMemo(App& app, int16_t index, const CellDrawing& d) {
   canvas.FillColor = 0;
   canvas.CurrentX = d.endX;
   canvas.CurrentY = d.endY;
-  if (store.sizeList.List(index) != d.geometry) store.sizeList.setList(index, d.geometry);
+  if (!geometryStands && store.sizeList.List(index) != d.geometry) store.sizeList.setList(index, d.geometry);
   canvas.ForeColor = 0;
 }
 
@@ -283,7 +283,7 @@ void rebuildNames(DrawingMemo& memo, const std::vector<CellDrawing>& drawings, s
 bool linkStillHolds(App& app, LinkDrawing& d, const std::string& record, const std::vector<CellDrawing>& cells,
                     const std::vector<Box>& boxes) {
   DrawingMemo& memo = app.drawingMemo;
-  if (!d.valid || d.record != record) return false;
+  if (!d.valid || (memo.linksSeen.records != app.store.linkList.revision() && d.record != record)) return false;
   if (d.names != memo.namesGeneration) {
     if (lastCellNamed(app.store, &memo, d.ends.source) != d.source ||
         lastCellNamed(app.store, &memo, d.ends.target) != d.target)
@@ -307,7 +307,8 @@ void drawLinkInRedraw(App& app, int16_t index, const std::vector<CellDrawing>& c
   // Only the colour a link starts in shows in its drawing; it sets the rest itself.
   StartPen pen{index == store.selectedLink, canvas.ForeColor, 0, 1};
   if (d.pen == pen && linkStillHolds(app, d, record, cells, boxes)) {
-    if (store.linkSizeList.List(index) != d.geometry) store.linkSizeList.setList(index, d.geometry);
+    if (memo.linksSeen.geometry != store.linkSizeList.revision() && store.linkSizeList.List(index) != d.geometry)
+      store.linkSizeList.setList(index, d.geometry);
     canvas.replay(d.drawn);
     canvas.DrawStyle = 0;
     canvas.ForeColor = 0;
@@ -361,7 +362,10 @@ void redrawBoard(App& app) {
   const size_t firstCellOp = canvas.Image().size();
   const int16_t cells = store.itemList.ListCount();
   const auto cellCount = static_cast<size_t>(cells);
-  std::vector<CellDrawing>& drawings = cellDrawings(memo, contextNow(app));
+  DrawingMemo::Cells& set = cellDrawings(memo, contextNow(app));
+  std::vector<CellDrawing>& drawings = set.drawings;
+  const bool recordsStand = set.seen.records == store.itemList.revision();
+  const bool geometryStands = set.seen.geometry == store.sizeList.revision();
   // The boxes as reading sizeList gives them, for the links.
   std::vector<Box> boxes(cellCount);
   bool namesChanged = memo.cellNames.size() != cellCount;
@@ -369,8 +373,8 @@ void redrawBoard(App& app) {
     const std::string& record = store.itemList.List(i);
     CellDrawing& d = drawingAt(drawings, cellCount, static_cast<size_t>(i), record);
     StartPen pen = penOf(canvas, i == store.selectedCell);
-    if (d.valid && d.pen == pen && d.record == record)
-      drawCellFromMemo(app, i, d);
+    if (d.valid && d.pen == pen && (recordsStand || d.record == record))
+      drawCellFromMemo(app, i, d, geometryStands);
     else
       drawCellAfresh(app, i, record, pen, d);
     namesChanged = namesChanged || memo.cellNames[static_cast<size_t>(i)] != d.cell.name;
@@ -392,6 +396,7 @@ void redrawBoard(App& app) {
       for (int16_t i = 0; i < cells; ++i) drawCell(app, i);
   }
   app.cellHits.adopt(store.sizeList, std::move(boxes));
+  set.seen = {store.itemList.revision(), store.sizeList.revision()};
 
   // The links' boxes as their records read, less those that the sweep takes out. Every
   // link drawn in this redraw has its record, as its drawing knows it, in linkSizeList.
@@ -406,6 +411,7 @@ void redrawBoard(App& app) {
     if (store.linkList.List(i).empty()) memo.links.erase(memo.links.begin() + i);
   removeBlankLinks(app);
   app.linkHits.adopt(store.linkSizeList, std::move(lines));
+  memo.linksSeen = {store.linkList.revision(), store.linkSizeList.revision()};
 }
 
 namespace {

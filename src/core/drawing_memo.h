@@ -4,6 +4,7 @@
 // measures and formats only what changed. The board's drawing fills and reads it.
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -37,7 +38,7 @@ struct CellDrawing {
   std::string record;
   ParsedCell cell;
   StartPen pen;
-  DrawnOps drawn;
+  std::shared_ptr<const DrawnOps> drawn;
   std::string geometry;  // the record written into sizeList
   Box box;               // that record read back, as the links and hit tests read it
   float endX = 0;        // CurrentX and CurrentY as the drawing left them
@@ -56,7 +57,7 @@ struct LinkDrawing {
   Box targetBox;
   int32_t fillColor = 0;  // of the source cell, which the circle wears
   int16_t fillStyle = 0;
-  DrawnOps drawn;
+  std::shared_ptr<const DrawnOps> drawn;
   std::string geometry;
   Box box;
 };
@@ -79,12 +80,20 @@ struct CellContext {
 struct DrawingMemo {
   // The cells' drawings at the last few contexts, most recent first, so that a zoom back
   // to a level seen before copies its drawings too.
+  // The revisions of the lists after the last redraw that drew at a context: while they
+  // stand, every record and geometry record is the one its drawing knows.
+  struct Seen {
+    uint64_t records = UINT64_MAX;
+    uint64_t geometry = UINT64_MAX;
+  };
   struct Cells {
     CellContext context;
     std::vector<CellDrawing> drawings;
+    Seen seen;
   };
   std::vector<Cells> cells;
   std::vector<LinkDrawing> links;
+  Seen linksSeen;
 
   // The cells' names by index and the last index of each name, as the links look them up;
   // made again only when a name or the count changes, which moves the generation on.

@@ -8,6 +8,8 @@ namespace tavlero {
 void DisplayList::clear() {
   ops_.clear();
   texts_.clear();
+  printed_.clear();
+  shared_.clear();
   fonts_.clear();
   grid_.clear();
   huge_.clear();
@@ -20,7 +22,7 @@ void DisplayList::add(const DrawOp& op) {
 }
 
 uint32_t DisplayList::addText(std::string text) {
-  texts_.push_back(std::make_shared<const std::string>(std::move(text)));
+  texts_.push_back(&printed_.emplace_back(std::move(text)));
   return static_cast<uint32_t>(texts_.size() - 1);
 }
 
@@ -33,35 +35,45 @@ uint32_t DisplayList::addFont(const FontSpec& font) {
   return static_cast<uint32_t>(fonts_.size() - 1);
 }
 
-DrawnOps DisplayList::copy(size_t from, size_t to) const {
-  DrawnOps drawn;
-  drawn.ops.assign(ops_.begin() + static_cast<ptrdiff_t>(from), ops_.begin() + static_cast<ptrdiff_t>(to));
-  if (!drawn.ops.empty()) drawn.bounds = bounds(drawn.ops.front());
-  for (DrawOp& op : drawn.ops) {
+std::shared_ptr<const DrawnOps> DisplayList::copy(size_t from, size_t to) const {
+  auto drawn = std::make_shared<DrawnOps>();
+  drawn->ops.assign(ops_.begin() + static_cast<ptrdiff_t>(from), ops_.begin() + static_cast<ptrdiff_t>(to));
+  if (!drawn->ops.empty()) drawn->bounds = bounds(drawn->ops.front());
+  for (DrawOp& op : drawn->ops) {
     BoardRect r = bounds(op);
-    drawn.bounds = {std::min(drawn.bounds.left, r.left), std::min(drawn.bounds.top, r.top),
-                    std::max(drawn.bounds.right, r.right), std::max(drawn.bounds.bottom, r.bottom)};
+    drawn->bounds = {std::min(drawn->bounds.left, r.left), std::min(drawn->bounds.top, r.top),
+                     std::max(drawn->bounds.right, r.right), std::max(drawn->bounds.bottom, r.bottom)};
     if (op.kind != DrawKind::Text) continue;
-    drawn.texts.push_back(texts_[op.text]);
-    op.text = static_cast<uint32_t>(drawn.texts.size() - 1);
+    drawn->texts.push_back(*texts_[op.text]);
+    op.text = static_cast<uint32_t>(drawn->texts.size() - 1);
     const FontSpec& font = fonts_[op.font];
-    auto known = std::find(drawn.fonts.begin(), drawn.fonts.end(), font);
-    op.font = static_cast<uint32_t>(known - drawn.fonts.begin());
-    if (known == drawn.fonts.end()) drawn.fonts.push_back(font);
+    auto known = std::find(drawn->fonts.begin(), drawn->fonts.end(), font);
+    op.font = static_cast<uint32_t>(known - drawn->fonts.begin());
+    if (known == drawn->fonts.end()) drawn->fonts.push_back(font);
   }
   return drawn;
 }
 
-void DisplayList::append(const DrawnOps& drawn) {
-  ops_.reserve(ops_.size() + drawn.ops.size());
-  for (DrawOp op : drawn.ops) {
+void DisplayList::append(std::shared_ptr<const DrawnOps> drawn) {
+  // Its fonts are few (a cell has two), so each is looked up once, not once a text.
+  constexpr size_t kFew = 4;
+  uint32_t fonts[kFew];
+  for (size_t i = 0; i < drawn->fonts.size() && i < kFew; ++i) fonts[i] = addFont(drawn->fonts[i]);
+  const auto firstText = static_cast<uint32_t>(texts_.size());
+  for (const std::string& text : drawn->texts) texts_.push_back(&text);
+  for (DrawOp op : drawn->ops) {
     if (op.kind == DrawKind::Text) {
-      texts_.push_back(drawn.texts[op.text]);
-      op.text = static_cast<uint32_t>(texts_.size() - 1);
-      op.font = addFont(drawn.fonts[op.font]);
+      op.font = op.font < kFew ? fonts[op.font] : addFont(drawn->fonts[op.font]);
+      op.text += firstText;
     }
     ops_.push_back(op);
   }
+  shared_.push_back(std::move(drawn));
+}
+
+void DisplayList::repeat(size_t from, size_t to) {
+  ops_.reserve(ops_.size() + (to - from));
+  for (size_t i = from; i < to; ++i) ops_.push_back(ops_[i]);
 }
 
 BoardRect DisplayList::bounds(const DrawOp& op) {

@@ -4,6 +4,7 @@
 // without ever holding one bitmap of a board that may be far larger than any image.
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -39,10 +40,10 @@ struct BoardRect {
 };
 
 // Operations taken out of a picture with their texts and fonts, to be drawn again later
-// exactly as they were; the texts are shared, not copied.
+// exactly as they were. A picture they are added to shares them, texts and all.
 struct DrawnOps {
   std::vector<DrawOp> ops;  // text and font: indices into texts and fonts below
-  std::vector<std::shared_ptr<const std::string>> texts;
+  std::vector<std::string> texts;
   std::vector<FontSpec> fonts;
   BoardRect bounds{0, 0, 0, 0};  // of all the operations; meaningless when there are none
 };
@@ -54,8 +55,10 @@ class DisplayList {
   uint32_t addText(std::string text);
   uint32_t addFont(const FontSpec& font);
   // The operations [from, to) with what they need, and their adding back at the end.
-  DrawnOps copy(size_t from, size_t to) const;
-  void append(const DrawnOps& drawn);
+  std::shared_ptr<const DrawnOps> copy(size_t from, size_t to) const;
+  void append(std::shared_ptr<const DrawnOps> drawn);
+  // The operations [from, to) once more at the end, sharing their texts.
+  void repeat(size_t from, size_t to);
 
   const std::vector<DrawOp>& ops() const { return ops_; }
   const std::string& text(uint32_t index) const { return *texts_[index]; }
@@ -82,7 +85,9 @@ class DisplayList {
   bool printedAgain(uint32_t opIndex) const;
 
   std::vector<DrawOp> ops_;
-  std::vector<std::shared_ptr<const std::string>> texts_;
+  std::vector<const std::string*> texts_;  // in printed_ or in one of shared_
+  std::deque<std::string> printed_;
+  std::vector<std::shared_ptr<const DrawnOps>> shared_;
   std::vector<FontSpec> fonts_;
   mutable std::unordered_map<int64_t, std::vector<uint32_t>> grid_;
   mutable std::vector<uint32_t> huge_;   // operations too large to bucket

@@ -1,5 +1,6 @@
 #include "platform/surface.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tavlero {
@@ -55,10 +56,10 @@ void Surface::addOp(DrawKind kind, float x1, float y1, float x2, float y2) {
   imageAdded(DisplayList::bounds(op));
 }
 
-void Surface::replay(const DrawnOps& drawn) {
-  if (!keepsImage_ || drawn.ops.empty()) return;
+void Surface::replay(const std::shared_ptr<const DrawnOps>& drawn) {
+  if (!keepsImage_ || drawn->ops.empty()) return;
   image_.append(drawn);
-  imageAdded(drawn.bounds);
+  imageAdded(drawn->bounds);
 }
 
 void Surface::Line(float x1, float y1, float x2, float y2) {
@@ -74,7 +75,16 @@ void Surface::Circle(float x, float y, float radius) {
 }
 
 void Surface::repeat(size_t from, size_t to) {
-  replay(image_.copy(from, to));
+  if (!keepsImage_ || from >= to) return;
+  const BoardRect first = DisplayList::bounds(image_.ops()[from]);
+  BoardRect all = first;
+  for (size_t i = from + 1; i < to; ++i) {
+    BoardRect r = DisplayList::bounds(image_.ops()[i]);
+    all = {std::min(all.left, r.left), std::min(all.top, r.top), std::max(all.right, r.right),
+           std::max(all.bottom, r.bottom)};
+  }
+  image_.repeat(from, to);
+  imageAdded(all);
 }
 
 void Surface::Print(const std::string& text) {
