@@ -208,12 +208,12 @@ CellContext contextNow(App& app) {
   return context;
 }
 
-DrawingMemo::Cells& cellDrawings(DrawingMemo& memo, CellContext context) {
-  auto& sets = memo.cells;
+DrawingMemo::Drawings& drawingsAt(DrawingMemo& memo, CellContext context) {
+  auto& sets = memo.contexts;
   auto it = std::find_if(sets.begin(), sets.end(), [&](const auto& set) { return set.context == context; });
   if (it == sets.end()) {
     if (sets.size() >= kKeptContexts) sets.pop_back();
-    sets.insert(sets.begin(), {std::move(context), {}, {}});
+    sets.insert(sets.begin(), {std::move(context), {}, {}, {}, {}});
   } else {
     std::rotate(sets.begin(), it, it + 1);
   }
@@ -278,36 +278,36 @@ void rebuildNames(DrawingMemo& memo, const std::vector<CellDrawing>& drawings, s
   ++memo.namesGeneration;
 }
 
-// Whether the link's last drawing still holds: the same record, the same cells found
-// with the same boxes and the source's fill, and the same pen.
-bool linkStillHolds(App& app, LinkDrawing& d, const std::string& record, const std::vector<CellDrawing>& cells,
+// Whether the link's last drawing still holds: the same record, cells of the same boxes
+// (wherever the list has moved them) and the source's fill, and the same pen.
+bool linkStillHolds(App& app, const DrawingMemo::Drawings& set, LinkDrawing& d, const std::string& record,
                     const std::vector<Box>& boxes) {
   DrawingMemo& memo = app.drawingMemo;
-  if (!d.valid || (memo.linksSeen.records != app.store.linkList.revision() && d.record != record)) return false;
+  if (!d.valid || (set.linksSeen.records != app.store.linkList.revision() && d.record != record)) return false;
   if (d.names != memo.namesGeneration) {
-    if (lastCellNamed(app.store, &memo, d.ends.source) != d.source ||
-        lastCellNamed(app.store, &memo, d.ends.target) != d.target)
-      return false;
+    d.source = lastCellNamed(app.store, &memo, d.ends.source);
+    d.target = lastCellNamed(app.store, &memo, d.ends.target);
+    if (d.source < 0 || d.target < 0) return false;
     d.names = memo.namesGeneration;
   }
   const auto source = static_cast<size_t>(d.source);
   const auto target = static_cast<size_t>(d.target);
-  const ParsedCell& fill = cells[source].cell;
-  return boxes[source] == d.sourceBox && boxes[target] == d.targetBox && fill.fillColor == d.fillColor && fill.fillStyle == d.fillStyle;
+  const ParsedCell& fill = set.cells[source].cell;
+  return boxes[source] == d.sourceBox && boxes[target] == d.targetBox && fill.fillColor == d.fillColor &&
+         fill.fillStyle == d.fillStyle;
 }
 
-void drawLinkInRedraw(App& app, int16_t index, const std::vector<CellDrawing>& cells,
-                      const std::vector<Box>& boxes) {
+void drawLinkInRedraw(App& app, DrawingMemo::Drawings& set, int16_t index, const std::vector<Box>& boxes) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
   DrawingMemo& memo = app.drawingMemo;
   const std::string& record = store.linkList.List(index);
-  LinkDrawing& d = drawingAt(memo.links, static_cast<size_t>(store.linkList.ListCount()),
+  LinkDrawing& d = drawingAt(set.links, static_cast<size_t>(store.linkList.ListCount()),
                              static_cast<size_t>(index), record);
   // Only the colour a link starts in shows in its drawing; it sets the rest itself.
   StartPen pen{index == store.selectedLink, canvas.ForeColor, 0, 1};
-  if (d.pen == pen && linkStillHolds(app, d, record, cells, boxes)) {
-    if (memo.linksSeen.geometry != store.linkSizeList.revision() && store.linkSizeList.List(index) != d.geometry)
+  if (d.pen == pen && linkStillHolds(app, set, d, record, boxes)) {
+    if (set.linksSeen.geometry != store.linkSizeList.revision() && store.linkSizeList.List(index) != d.geometry)
       store.linkSizeList.setList(index, d.geometry);
     canvas.replay(d.drawn);
     canvas.DrawStyle = 0;
@@ -362,10 +362,10 @@ void redrawBoard(App& app) {
   const size_t firstCellOp = canvas.Image().size();
   const int16_t cells = store.itemList.ListCount();
   const auto cellCount = static_cast<size_t>(cells);
-  DrawingMemo::Cells& set = cellDrawings(memo, contextNow(app));
-  std::vector<CellDrawing>& drawings = set.drawings;
-  const bool recordsStand = set.seen.records == store.itemList.revision();
-  const bool geometryStands = set.seen.geometry == store.sizeList.revision();
+  DrawingMemo::Drawings& set = drawingsAt(memo, contextNow(app));
+  std::vector<CellDrawing>& drawings = set.cells;
+  const bool recordsStand = set.cellsSeen.records == store.itemList.revision();
+  const bool geometryStands = set.cellsSeen.geometry == store.sizeList.revision();
   // The boxes as reading sizeList gives them, for the links.
   std::vector<Box> boxes(cellCount);
   bool namesChanged = memo.cellNames.size() != cellCount;
@@ -385,7 +385,7 @@ void redrawBoard(App& app) {
   // Drawing never renames a cell, so one index of the names serves every link of this redraw.
   if (namesChanged) rebuildNames(memo, drawings, cellCount);
   int16_t links = store.linkList.ListCount();
-  for (int16_t i = 0; i < links; ++i) drawLinkInRedraw(app, i, drawings, boxes);
+  for (int16_t i = 0; i < links; ++i) drawLinkInRedraw(app, set, i, boxes);
   if (store.doubleDraw) {
     // The cells over the links. Links change no record of a cell, and leave the pen as
     // the cells found it, so the cells' operations come out as they did the first time
@@ -396,22 +396,22 @@ void redrawBoard(App& app) {
       for (int16_t i = 0; i < cells; ++i) drawCell(app, i);
   }
   app.cellHits.adopt(store.sizeList, std::move(boxes));
-  set.seen = {store.itemList.revision(), store.sizeList.revision()};
+  set.cellsSeen = {store.itemList.revision(), store.sizeList.revision()};
 
   // The links' boxes as their records read, less those that the sweep takes out. Every
   // link drawn in this redraw has its record, as its drawing knows it, in linkSizeList.
-  memo.links.resize(static_cast<size_t>(links));
+  set.links.resize(static_cast<size_t>(links));
   std::vector<Box> lines;
-  lines.reserve(memo.links.size());
+  lines.reserve(set.links.size());
   for (int16_t i = 0; i < links; ++i) {
-    const LinkDrawing& d = memo.links[static_cast<size_t>(i)];
+    const LinkDrawing& d = set.links[static_cast<size_t>(i)];
     if (!store.linkList.List(i).empty()) lines.push_back(d.valid ? d.box : readBox(store.linkSizeList.List(i)));
   }
   for (int16_t i = links; i-- > 0;)
-    if (store.linkList.List(i).empty()) memo.links.erase(memo.links.begin() + i);
+    if (store.linkList.List(i).empty()) set.links.erase(set.links.begin() + i);
   removeBlankLinks(app);
   app.linkHits.adopt(store.linkSizeList, std::move(lines));
-  memo.linksSeen = {store.linkList.revision(), store.linkSizeList.revision()};
+  set.linksSeen = {store.linkList.revision(), store.linkSizeList.revision()};
 }
 
 namespace {

@@ -78,22 +78,22 @@ struct CellContext {
 };
 
 struct DrawingMemo {
-  // The cells' drawings at the last few contexts, most recent first, so that a zoom back
-  // to a level seen before copies its drawings too.
+  // The drawings at the last few contexts, most recent first, so that a zoom back to a
+  // level seen before copies its drawings too; the links' follow their cells' boxes.
   // The revisions of the lists after the last redraw that drew at a context: while they
   // stand, every record and geometry record is the one its drawing knows.
   struct Seen {
     uint64_t records = UINT64_MAX;
     uint64_t geometry = UINT64_MAX;
   };
-  struct Cells {
+  struct Drawings {
     CellContext context;
-    std::vector<CellDrawing> drawings;
-    Seen seen;
+    std::vector<CellDrawing> cells;
+    Seen cellsSeen;
+    std::vector<LinkDrawing> links;
+    Seen linksSeen;
   };
-  std::vector<Cells> cells;
-  std::vector<LinkDrawing> links;
-  Seen linksSeen;
+  std::vector<Drawings> contexts;
 
   // The cells' names by index and the last index of each name, as the links look them up;
   // made again only when a name or the count changes, which moves the generation on.
