@@ -208,7 +208,12 @@ void BM_QtDeleteMethod(benchmark::State& state) {
   }
   finish(state);
 }
-BENCHMARK(BM_QtDeleteMethod)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond)->Iterations(10);
+BENCHMARK(BM_QtDeleteMethod)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Arg(32001)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(10);
 
 // The colour keys 1 to 9 in turn on a selected method.
 void BM_QtColourKey(benchmark::State& state) {

@@ -21,9 +21,9 @@ constexpr int32_t kDarkRed = 128;
 constexpr size_t kKeptContexts = 3;
 
 ParsedCell parseCell(const std::string& record) {
-  return {toLong(numberField(record, key::positionX)),  toLong(numberField(record, key::positionY)),
-          getField(record, key::methodName),             getField(record, key::shortDescription),
-          toLong(numberField(record, key::cellColor)),   toInteger(numberField(record, key::cellFillStyle))};
+  return {toLong(numberField(record, key::positionX)), toLong(numberField(record, key::positionY)),
+          getField(record, key::methodName),           getField(record, key::shortDescription),
+          toLong(numberField(record, key::cellColor)), toInteger(numberField(record, key::cellFillStyle))};
 }
 
 // The last cell of a name, from the redraw's index or, for a link drawn alone, by a walk.
@@ -126,6 +126,16 @@ FoundCells drawLinkWith(App& app, int16_t index, const LinkEnds& ends, const Dra
   return found;
 }
 
+// The surface grows to take a cell whose origin lies beyond it; it never shrinks here.
+void growFor(App& app, const ParsedCell& cell) {
+  Surface& canvas = app.canvas;
+  float zoom = app.store.zoomFactor;
+  if (canvas.Width() / zoom < static_cast<float>(cell.positionX))
+    canvas.setWidth(zoom * static_cast<float>(cell.positionX) + 100);
+  if (canvas.Height() / zoom < static_cast<float>(cell.positionY))
+    canvas.setHeight(zoom * static_cast<float>(cell.positionY) + 50);
+}
+
 void paintCell(App& app, int16_t index, const ParsedCell& cell) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
@@ -139,12 +149,7 @@ void paintCell(App& app, int16_t index, const ParsedCell& cell) {
   float nameWidth = canvas.TextWidth(name);
   selectFont(app, store.infoFontSize, false);
 
-  // The surface grows to take a cell whose origin lies beyond it; it never shrinks here.
-  float zoom = store.zoomFactor;
-  if (canvas.Width() / zoom < static_cast<float>(positionX))
-    canvas.setWidth(zoom * static_cast<float>(positionX) + 100);
-  if (canvas.Height() / zoom < static_cast<float>(positionY))
-    canvas.setHeight(zoom * static_cast<float>(positionY) + 50);
+  growFor(app, cell);
 
   if (name.empty()) return;
 
@@ -235,11 +240,7 @@ Drawing& drawingAt(std::vector<Drawing>& drawings, size_t count, size_t index, c
 void drawCellFromMemo(App& app, int16_t index, const CellDrawing& d, bool geometryStands) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
-  float zoom = store.zoomFactor;
-  if (canvas.Width() / zoom < static_cast<float>(d.cell.positionX))
-    canvas.setWidth(zoom * static_cast<float>(d.cell.positionX) + 100);
-  if (canvas.Height() / zoom < static_cast<float>(d.cell.positionY))
-    canvas.setHeight(zoom * static_cast<float>(d.cell.positionY) + 50);
+  growFor(app, d.cell);
   selectFont(app, store.infoFontSize, false);
   if (d.cell.name.empty()) return;
   canvas.replay(d.drawn);
@@ -283,7 +284,8 @@ void rebuildNames(DrawingMemo& memo, const std::vector<CellDrawing>& drawings, s
 bool linkStillHolds(App& app, const DrawingMemo::Drawings& set, LinkDrawing& d, const std::string& record,
                     const std::vector<Box>& boxes) {
   DrawingMemo& memo = app.drawingMemo;
-  if (!d.valid || (set.linksSeen.records != app.store.linkList.revision() && d.record != record)) return false;
+  if (!d.valid || (set.linksSeen.records != app.store.linkList.revision() && d.record != record))
+    return false;
   if (d.names != memo.namesGeneration) {
     d.source = lastCellNamed(app.store, &memo, d.ends.source);
     d.target = lastCellNamed(app.store, &memo, d.ends.target);
@@ -307,7 +309,8 @@ void drawLinkInRedraw(App& app, DrawingMemo::Drawings& set, int16_t index, const
   // Only the colour a link starts in shows in its drawing; it sets the rest itself.
   StartPen pen{index == store.selectedLink, canvas.ForeColor, 0, 1};
   if (d.pen == pen && linkStillHolds(app, set, d, record, boxes)) {
-    if (set.linksSeen.geometry != store.linkSizeList.revision() && store.linkSizeList.List(index) != d.geometry)
+    if (set.linksSeen.geometry != store.linkSizeList.revision() &&
+        store.linkSizeList.List(index) != d.geometry)
       store.linkSizeList.setList(index, d.geometry);
     canvas.replay(d.drawn);
     canvas.DrawStyle = 0;
@@ -405,7 +408,8 @@ void redrawBoard(App& app) {
   lines.reserve(set.links.size());
   for (int16_t i = 0; i < links; ++i) {
     const LinkDrawing& d = set.links[static_cast<size_t>(i)];
-    if (!store.linkList.List(i).empty()) lines.push_back(d.valid ? d.box : readBox(store.linkSizeList.List(i)));
+    if (!store.linkList.List(i).empty())
+      lines.push_back(d.valid ? d.box : readBox(store.linkSizeList.List(i)));
   }
   for (int16_t i = links; i-- > 0;)
     if (store.linkList.List(i).empty()) set.links.erase(set.links.begin() + i);

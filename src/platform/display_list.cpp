@@ -40,9 +40,7 @@ std::shared_ptr<const DrawnOps> DisplayList::copy(size_t from, size_t to) const 
   drawn->ops.assign(ops_.begin() + static_cast<ptrdiff_t>(from), ops_.begin() + static_cast<ptrdiff_t>(to));
   if (!drawn->ops.empty()) drawn->bounds = bounds(drawn->ops.front());
   for (DrawOp& op : drawn->ops) {
-    BoardRect r = bounds(op);
-    drawn->bounds = {std::min(drawn->bounds.left, r.left), std::min(drawn->bounds.top, r.top),
-                     std::max(drawn->bounds.right, r.right), std::max(drawn->bounds.bottom, r.bottom)};
+    drawn->bounds = unite(drawn->bounds, bounds(op));
     if (op.kind != DrawKind::Text) continue;
     drawn->texts.push_back(*texts_[op.text]);
     op.text = static_cast<uint32_t>(drawn->texts.size() - 1);
@@ -74,6 +72,11 @@ void DisplayList::append(std::shared_ptr<const DrawnOps> drawn) {
 void DisplayList::repeat(size_t from, size_t to) {
   ops_.reserve(ops_.size() + (to - from));
   for (size_t i = from; i < to; ++i) ops_.push_back(ops_[i]);
+}
+
+BoardRect DisplayList::unite(const BoardRect& a, const BoardRect& b) {
+  return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+          std::max(a.bottom, b.bottom)};
 }
 
 BoardRect DisplayList::bounds(const DrawOp& op) {

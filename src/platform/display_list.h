@@ -74,6 +74,7 @@ class DisplayList {
 
   // The bounds of one operation, widened by half a pen and, for text, by its extent.
   static BoardRect bounds(const DrawOp& op);
+  static BoardRect unite(const BoardRect& a, const BoardRect& b);
 
  private:
   static constexpr float kBucket = 64.0f;  // board units per grid cell
@@ -90,8 +91,8 @@ class DisplayList {
   std::vector<std::shared_ptr<const DrawnOps>> shared_;
   std::vector<FontSpec> fonts_;
   mutable std::unordered_map<int64_t, std::vector<uint32_t>> grid_;
-  mutable std::vector<uint32_t> huge_;   // operations too large to bucket
-  mutable std::vector<uint8_t> again_;   // per operation: a text known to be printed again later
+  mutable std::vector<uint32_t> huge_;  // operations too large to bucket
+  mutable std::vector<uint8_t> again_;  // per operation: a text known to be printed again later
   mutable size_t indexed_ = 0;
 };
 

@@ -1,6 +1,5 @@
 #include "platform/surface.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace tavlero {
@@ -76,13 +75,8 @@ void Surface::Circle(float x, float y, float radius) {
 
 void Surface::repeat(size_t from, size_t to) {
   if (!keepsImage_ || from >= to) return;
-  const BoardRect first = DisplayList::bounds(image_.ops()[from]);
-  BoardRect all = first;
-  for (size_t i = from + 1; i < to; ++i) {
-    BoardRect r = DisplayList::bounds(image_.ops()[i]);
-    all = {std::min(all.left, r.left), std::min(all.top, r.top), std::max(all.right, r.right),
-           std::max(all.bottom, r.bottom)};
-  }
+  BoardRect all = DisplayList::bounds(image_.ops()[from]);
+  for (size_t i = from + 1; i < to; ++i) all = DisplayList::unite(all, DisplayList::bounds(image_.ops()[i]));
   image_.repeat(from, to);
   imageAdded(all);
 }
