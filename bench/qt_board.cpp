@@ -106,6 +106,19 @@ void BM_QtRedrawBoard(benchmark::State& state) {
 }
 BENCHMARK(BM_QtRedrawBoard)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond)->Complexity();
 
+// F5 and the paint of the window that shows it, which indexes the new picture: one frame.
+void BM_QtRedrawAndPaint(benchmark::State& state) {
+  QtBoard board(static_cast<int>(state.range(0)));
+  QImage window(967, 656, QImage::Format_RGB32);
+  for (auto _ : state) {
+    tavlero::canvas_KeyDown(board.app, kKeyF5, 0);
+    board.canvas.render(&window, QPoint(), QRegion(0, 0, 967, 656));
+    benchmark::DoNotOptimize(window.constBits());
+  }
+  finish(state);
+}
+BENCHMARK(BM_QtRedrawAndPaint)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond);
+
 // A cell in the middle of the board dragged 7 units right and 3 down, or back: the press,
 // one move with the button held and the release that drops it.
 void BM_QtDropCell(benchmark::State& state) {
