@@ -11,8 +11,9 @@ void DisplayList::clear() {
   printed_.clear();
   shared_.clear();
   fonts_.clear();
-  grid_.clear();
+  grid_ = {};
   huge_.clear();
+  loose_.clear();
   again_.clear();
   indexed_ = 0;
 }
@@ -97,27 +98,87 @@ BoardRect DisplayList::bounds(const DrawOp& op) {
   return {r.left - margin, r.top - margin, r.right + margin, r.bottom + margin};
 }
 
-void DisplayList::index(uint32_t opIndex) const {
-  BoardRect r = bounds(ops_[opIndex]);
-  if (!(std::isfinite(r.left) && std::isfinite(r.top) && std::isfinite(r.right) && std::isfinite(r.bottom))) {
-    huge_.push_back(opIndex);
-    return;
+namespace {
+
+bool finite(const BoardRect& r) {
+  return std::isfinite(r.left) && std::isfinite(r.top) && std::isfinite(r.right) && std::isfinite(r.bottom);
+}
+
+constexpr int64_t kMostBucketsPerOp = 64;
+
+}  // namespace
+
+bool DisplayList::spanOf(const BoardRect& r, Span& span) const {
+  const Grid& g = grid_;
+  if (std::isnan(r.left) || std::isnan(r.top) || std::isnan(r.right) || std::isnan(r.bottom)) return false;
+  // Monotonic in v, so the buckets of an operation hold every point of its bounds. The
+  // floor by hand: the library's is a call, and this runs twice for every operation.
+  auto bucket = [&](float v, double origin, int64_t count) {
+    double c = std::clamp(static_cast<double>(v) * g.inverse - origin, -1.0, static_cast<double>(count));
+    auto whole = static_cast<int64_t>(c);
+    return static_cast<double>(whole) > c ? whole - 1 : whole;
+  };
+  span = {std::max<int64_t>(bucket(r.left, g.x0, g.columns), 0),
+          std::max<int64_t>(bucket(r.top, g.y0, g.rows), 0),
+          std::min(bucket(r.right, g.x0, g.columns), g.columns - 1),
+          std::min(bucket(r.bottom, g.y0, g.rows), g.rows - 1)};
+  return span.x0 <= span.x1 && span.y0 <= span.y1;
+}
+
+void DisplayList::buildGrid() const {
+  grid_ = {};
+  huge_.clear();
+  loose_.clear();
+  double left = INFINITY, top = INFINITY, right = -INFINITY, bottom = -INFINITY;
+  for (const DrawOp& op : ops_) {
+    BoardRect r = bounds(op);
+    if (!finite(r)) continue;
+    left = std::min(left, double(r.left)), top = std::min(top, double(r.top));
+    right = std::max(right, double(r.right)), bottom = std::max(bottom, double(r.bottom));
   }
-  double bx0 = std::floor(r.left / kBucket), bx1 = std::floor(r.right / kBucket);
-  double by0 = std::floor(r.top / kBucket), by1 = std::floor(r.bottom / kBucket);
-  if ((bx1 - bx0 + 1) * (by1 - by0 + 1) > 64 || std::fabs(bx0) > 1e9 || std::fabs(by0) > 1e9 ||
-      std::fabs(bx1) > 1e9 || std::fabs(by1) > 1e9) {
-    huge_.push_back(opIndex);
-    return;
+  Grid& g = grid_;
+  if (left <= right) {
+    const double budget = std::max(4096.0, 4.0 * static_cast<double>(ops_.size()));
+    double size = 64;
+    while (((right - left) / size + 2) * ((bottom - top) / size + 2) > budget) size *= 2;
+    g.inverse = 1 / size;  // exact: a power of two
+    g.x0 = std::floor(left * g.inverse), g.y0 = std::floor(top * g.inverse);
+    g.columns = static_cast<int64_t>(std::floor(right * g.inverse) - g.x0) + 1;
+    g.rows = static_cast<int64_t>(std::floor(bottom * g.inverse) - g.y0) + 1;
   }
-  for (auto bx = static_cast<int32_t>(bx0); bx <= static_cast<int32_t>(bx1); ++bx)
-    for (auto by = static_cast<int32_t>(by0); by <= static_cast<int32_t>(by1); ++by)
-      grid_[key(bx, by)].push_back(opIndex);
+  g.starts.assign(static_cast<size_t>(g.columns * g.rows) + 1, 0);
+  // Two passes over the same spans: count into each bucket, then place.
+  auto each = [&](auto visit) {
+    for (uint32_t i = 0; i < ops_.size(); ++i) {
+      Span span{};
+      BoardRect r = bounds(ops_[i]);
+      bool fits = finite(r) && spanOf(r, span) &&
+                  (span.x1 - span.x0 + 1) * (span.y1 - span.y0 + 1) <= kMostBucketsPerOp;
+      visit(i, fits, span);
+    }
+  };
+  each([&](uint32_t i, bool fits, const Span& span) {
+    if (!fits) return huge_.push_back(i);
+    for (int64_t y = span.y0; y <= span.y1; ++y)
+      for (int64_t x = span.x0; x <= span.x1; ++x) ++g.starts[static_cast<size_t>(y * g.columns + x) + 1];
+  });
+  for (size_t b = 1; b < g.starts.size(); ++b) g.starts[b] += g.starts[b - 1];
+  g.items.resize(g.starts.back());
+  std::vector<uint32_t> next(g.starts.begin(), g.starts.end() - 1);
+  each([&](uint32_t i, bool fits, const Span& span) {
+    if (!fits) return;
+    for (int64_t y = span.y0; y <= span.y1; ++y)
+      for (int64_t x = span.x0; x <= span.x1; ++x)
+        g.items[next[static_cast<size_t>(y * g.columns + x)]++] = i;
+  });
+  indexed_ = ops_.size();
 }
 
 void DisplayList::rebuildIndexIfNeeded() const {
   again_.resize(ops_.size(), 0);
-  for (; indexed_ < ops_.size(); ++indexed_) index(static_cast<uint32_t>(indexed_));
+  // A few operations drawn over the picture wait in a list of their own; many make a new grid.
+  if (indexed_ == 0 || loose_.size() + (ops_.size() - indexed_) > 1024 + ops_.size() / 8) buildGrid();
+  for (; indexed_ < ops_.size(); ++indexed_) loose_.push_back(static_cast<uint32_t>(indexed_));
 }
 
 bool DisplayList::printedAgain(uint32_t opIndex) const {
@@ -132,12 +193,14 @@ bool DisplayList::printedAgain(uint32_t opIndex) const {
            (other.text == op.text || *texts_[other.text] == *texts_[op.text]);
   };
   // A print at the same place has bounds that hold its top left corner, so it sits in the
-  // corner's bucket, or among the operations too large to bucket.
-  bool found = std::any_of(huge_.begin(), huge_.end(), same);
-  double bx = std::floor(op.x1 / kBucket), by = std::floor(op.y1 / kBucket);
-  if (!found && std::fabs(bx) <= 1e9 && std::fabs(by) <= 1e9) {
-    auto bucket = grid_.find(key(static_cast<int32_t>(bx), static_cast<int32_t>(by)));
-    if (bucket != grid_.end()) found = std::any_of(bucket->second.begin(), bucket->second.end(), same);
+  // corner's bucket, or among the operations outside the grid.
+  bool found =
+      std::any_of(huge_.begin(), huge_.end(), same) || std::any_of(loose_.begin(), loose_.end(), same);
+  Span corner{};
+  if (!found && spanOf({op.x1, op.y1, op.x1, op.y1}, corner)) {
+    const auto b = static_cast<size_t>(corner.y0 * grid_.columns + corner.x0);
+    found =
+        std::any_of(grid_.items.begin() + grid_.starts[b], grid_.items.begin() + grid_.starts[b + 1], same);
   }
   again_[opIndex] = found;
   return found;
@@ -151,25 +214,24 @@ std::vector<uint32_t> DisplayList::query(const BoardRect& area) const {
     return r.right >= area.left && r.left <= area.right && r.bottom >= area.top && r.top <= area.bottom &&
            !printedAgain(i);
   };
-  double bx0 = std::floor(area.left / kBucket), bx1 = std::floor(area.right / kBucket);
-  double by0 = std::floor(area.top / kBucket), by1 = std::floor(area.bottom / kBucket);
-  double buckets = (bx1 - bx0 + 1) * (by1 - by0 + 1);
-  if (!(buckets <= static_cast<double>(grid_.size()) && buckets < 1e6)) {
-    // The area covers more buckets than exist: walking the operations is cheaper.
+  Span span{};
+  const bool inGrid = spanOf(area, span);
+  if (inGrid && (span.x1 - span.x0 + 1) * (span.y1 - span.y0 + 1) * 2 > grid_.columns * grid_.rows) {
+    // The area covers most of the grid: walking the operations is cheaper.
     for (uint32_t i = 0; i < ops_.size(); ++i)
       if (meets(i)) found.push_back(i);
     return found;
   }
-  for (auto bx = static_cast<int32_t>(bx0); bx <= static_cast<int32_t>(bx1); ++bx) {
-    for (auto by = static_cast<int32_t>(by0); by <= static_cast<int32_t>(by1); ++by) {
-      auto it = grid_.find(key(bx, by));
-      if (it == grid_.end()) continue;
-      for (uint32_t i : it->second)
-        if (meets(i)) found.push_back(i);
+  for (int64_t y = span.y0; inGrid && y <= span.y1; ++y) {
+    for (int64_t x = span.x0; x <= span.x1; ++x) {
+      const auto b = static_cast<size_t>(y * grid_.columns + x);
+      for (uint32_t k = grid_.starts[b]; k < grid_.starts[b + 1]; ++k)
+        if (meets(grid_.items[k])) found.push_back(grid_.items[k]);
     }
   }
-  for (uint32_t i : huge_)
-    if (meets(i)) found.push_back(i);
+  for (const auto* others : {&huge_, &loose_})
+    for (uint32_t i : *others)
+      if (meets(i)) found.push_back(i);
   std::sort(found.begin(), found.end());
   found.erase(std::unique(found.begin(), found.end()), found.end());
   return found;

@@ -7,7 +7,6 @@
 #include <deque>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace tavlero {
@@ -77,11 +76,24 @@ class DisplayList {
   static BoardRect unite(const BoardRect& a, const BoardRect& b);
 
  private:
-  static constexpr float kBucket = 64.0f;  // board units per grid cell
-  static int64_t key(int32_t bx, int32_t by) {
-    return (static_cast<int64_t>(bx) << 32) ^ static_cast<uint32_t>(by);
-  }
-  void index(uint32_t opIndex) const;
+  // A grid over the extent of the operations, made in two passes (count, then fill) when
+  // first asked. Its buckets are 64 units square, or larger where the board is so large
+  // that they would far outnumber the operations.
+  struct Grid {
+    double inverse = 1.0 / 64;  // buckets per board unit
+    double x0 = 0;              // first column and row, in buckets
+    double y0 = 0;
+    int64_t columns = 0;
+    int64_t rows = 0;
+    std::vector<uint32_t> starts;  // per bucket, into items, and one past the last
+    std::vector<uint32_t> items;   // ascending within each bucket
+  };
+  struct Span {
+    int64_t x0, y0, x1, y1;  // buckets of the grid, inclusive
+  };
+  // The buckets a rectangle covers, clipped to the grid; false when none.
+  bool spanOf(const BoardRect& r, Span& span) const;
+  void buildGrid() const;
   void rebuildIndexIfNeeded() const;
   bool printedAgain(uint32_t opIndex) const;
 
@@ -90,9 +102,10 @@ class DisplayList {
   std::deque<std::string> printed_;
   std::vector<std::shared_ptr<const DrawnOps>> shared_;
   std::vector<FontSpec> fonts_;
-  mutable std::unordered_map<int64_t, std::vector<uint32_t>> grid_;
-  mutable std::vector<uint32_t> huge_;  // operations too large to bucket
-  mutable std::vector<uint8_t> again_;  // per operation: a text known to be printed again later
+  mutable Grid grid_;
+  mutable std::vector<uint32_t> huge_;   // operations too large to bucket, or not finite
+  mutable std::vector<uint32_t> loose_;  // added since the grid was made
+  mutable std::vector<uint8_t> again_;   // per operation: a text known to be printed again later
   mutable size_t indexed_ = 0;
 };
 
