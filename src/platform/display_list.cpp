@@ -147,30 +147,27 @@ void DisplayList::buildGrid() const {
     g.rows = static_cast<int64_t>(std::floor(bottom * g.inverse) - g.y0) + 1;
   }
   g.starts.assign(static_cast<size_t>(g.columns * g.rows) + 1, 0);
-  // Two passes over the same spans: count into each bucket, then place.
-  auto each = [&](auto visit) {
-    for (uint32_t i = 0; i < ops_.size(); ++i) {
-      Span span{};
-      BoardRect r = bounds(ops_[i]);
-      bool fits = finite(r) && spanOf(r, span) &&
-                  (span.x1 - span.x0 + 1) * (span.y1 - span.y0 + 1) <= kMostBucketsPerOp;
-      visit(i, fits, span);
+  // Count into each bucket, then place, from spans worked out once.
+  std::vector<Span> spans(ops_.size());
+  for (uint32_t i = 0; i < ops_.size(); ++i) {
+    Span& span = spans[i];
+    BoardRect r = bounds(ops_[i]);
+    if (!finite(r) || !spanOf(r, span) ||
+        (span.x1 - span.x0 + 1) * (span.y1 - span.y0 + 1) > kMostBucketsPerOp) {
+      huge_.push_back(i);
+      span = {0, 0, -1, -1};
+      continue;
     }
-  };
-  each([&](uint32_t i, bool fits, const Span& span) {
-    if (!fits) return huge_.push_back(i);
     for (int64_t y = span.y0; y <= span.y1; ++y)
       for (int64_t x = span.x0; x <= span.x1; ++x) ++g.starts[static_cast<size_t>(y * g.columns + x) + 1];
-  });
+  }
   for (size_t b = 1; b < g.starts.size(); ++b) g.starts[b] += g.starts[b - 1];
   g.items.resize(g.starts.back());
   std::vector<uint32_t> next(g.starts.begin(), g.starts.end() - 1);
-  each([&](uint32_t i, bool fits, const Span& span) {
-    if (!fits) return;
-    for (int64_t y = span.y0; y <= span.y1; ++y)
-      for (int64_t x = span.x0; x <= span.x1; ++x)
+  for (uint32_t i = 0; i < ops_.size(); ++i)
+    for (int64_t y = spans[i].y0; y <= spans[i].y1; ++y)
+      for (int64_t x = spans[i].x0; x <= spans[i].x1; ++x)
         g.items[next[static_cast<size_t>(y * g.columns + x)]++] = i;
-  });
   indexed_ = ops_.size();
 }
 
