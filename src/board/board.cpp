@@ -268,15 +268,24 @@ void drawCellAfresh(App& app, int16_t index, const std::string& record, const St
   d.valid = true;
 }
 
-void rebuildNames(DrawingMemo& memo, const std::vector<CellDrawing>& drawings, size_t count) {
-  memo.cellNames.resize(count);
-  memo.lastCellNamed.clear();
-  memo.lastCellNamed.reserve(count);
-  for (size_t i = 0; i < count; ++i) {
-    memo.cellNames[i] = drawings[i].cell.name;
-    memo.lastCellNamed[memo.cellNames[i]] = static_cast<int16_t>(i);
+// The names index follows the cells' names. Cells added at the end only add names; a
+// link's cells then stay where they were found unless a new cell takes an old name.
+void updateNames(DrawingMemo& memo, const std::vector<CellDrawing>& drawings, bool renamed) {
+  size_t from = memo.cellNames.size();
+  bool moved = renamed;
+  if (renamed) {
+    from = 0;
+    memo.cellNames.clear();
+    memo.lastCellNamed.clear();
   }
-  ++memo.namesGeneration;
+  memo.cellNames.resize(drawings.size());
+  for (size_t i = from; i < drawings.size(); ++i) {
+    memo.cellNames[i] = drawings[i].cell.name;
+    auto [at, isNew] = memo.lastCellNamed.try_emplace(memo.cellNames[i], static_cast<int16_t>(i));
+    at->second = static_cast<int16_t>(i);
+    moved = moved || !isNew;
+  }
+  if (moved) ++memo.namesGeneration;
 }
 
 // Whether the link's last drawing still holds: the same record, cells of the same boxes
@@ -371,7 +380,8 @@ void redrawBoard(App& app) {
   const bool geometryStands = set.cellsSeen.geometry == store.sizeList.revision();
   // The boxes as reading sizeList gives them, for the links.
   std::vector<Box> boxes(cellCount);
-  bool namesChanged = memo.cellNames.size() != cellCount;
+  const size_t named = memo.cellNames.size();
+  bool renamed = named > cellCount;
   for (int16_t i = 0; i < cells; ++i) {
     const std::string& record = store.itemList.List(i);
     CellDrawing& d = drawingAt(drawings, cellCount, static_cast<size_t>(i), record);
@@ -380,13 +390,14 @@ void redrawBoard(App& app) {
       drawCellFromMemo(app, i, d, geometryStands);
     else
       drawCellAfresh(app, i, record, pen, d);
-    namesChanged = namesChanged || memo.cellNames[static_cast<size_t>(i)] != d.cell.name;
+    renamed =
+        renamed || (static_cast<size_t>(i) < named && memo.cellNames[static_cast<size_t>(i)] != d.cell.name);
     boxes[static_cast<size_t>(i)] = d.cell.name.empty() ? readBox(store.sizeList.List(i)) : d.box;
   }
   drawings.resize(cellCount);
   const size_t lastCellOp = canvas.Image().size();
   // Drawing never renames a cell, so one index of the names serves every link of this redraw.
-  if (namesChanged) rebuildNames(memo, drawings, cellCount);
+  if (renamed || named < cellCount) updateNames(memo, drawings, renamed);
   int16_t links = store.linkList.ListCount();
   for (int16_t i = 0; i < links; ++i) drawLinkInRedraw(app, set, i, boxes);
   if (store.doubleDraw) {

@@ -41,6 +41,7 @@ const Change kChanges[] = {
     {"font size", [](testing::FakeWorld& w) { w.app.store.nameFontSize = 9; }},
     {"metrics", [](testing::FakeWorld& w) { w.canvas.charWidth = 2; }},
     {"add", [](testing::FakeWorld& w) { w.addCell("E", 200, 200, "ny"); }},
+    {"add a second B", [](testing::FakeWorld& w) { w.addCell("B", 200, 100, "tvilling"); }},
     {"delete cell",
      [](testing::FakeWorld& w) {
        w.app.store.itemList.RemoveItem(1);
