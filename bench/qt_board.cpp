@@ -1,89 +1,286 @@
-// The board on the real Qt surface, offscreen: the whole-board redraw (text measured
-// with real fonts, every operation told to the canvas widget) and the painting of the
-// visible window area from the display list. Both must grow with the board, the paint
-// not even that: it touches only what lies in view.
+// The board on the real Qt surface, offscreen, shown by the real canvas widget: every
+// change that ends in a whole-board redraw (text measured with real fonts, the widget told
+// of what changed), the first press after such a change, and the painting of the visible
+// window area from the display list. The paint touches only what lies in view.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
 #include <QImage>
 #include <QRegion>
+#include <QWidget>
 #include <memory>
 #include <string>
 
 #include "board/board.h"
-#include "qt/desktop.h"
+#include "core/window_size.h"
+#include "editing/gestures.h"
+#include "editing/keys.h"
+#include "editing/method_dialog.h"
+#include "qt/canvas_widget.h"
 #include "test_support.h"
 
 namespace {
 
-// count cells on a grid, each linked to the next one, in the desktop's store.
-void fillBoard(tavlero::App& app, int count) {
-  auto world = std::make_unique<tavlero::testing::FakeWorld>();
-  for (int i = 0; i < count; ++i) {
-    float x = static_cast<float>((i % 100) * 60 + 10);
-    float y = static_cast<float>((i / 100) * 30 + 10);
-    world->addCell("metode" + std::to_string(i) + "()", x, y,
-                   "Gjør del " + std::to_string(i) + " av jobben.");
-  }
-  for (int i = 0; i < count; ++i)
-    world->addLinkRecord("metode" + std::to_string(i) + "()",
-                         "metode" + std::to_string((i + 1) % count) + "()");
-  tavlero::ProjectStore& store = world->app.store;
-  app.store.itemList = store.itemList;
-  app.store.sizeList = store.sizeList;
-  app.store.linkList = store.linkList;
-  app.store.linkSizeList = store.linkSizeList;
+constexpr int16_t kKeyF5 = 116;
+constexpr int16_t kKeyDelete = 46;
+constexpr int16_t kKeyDigit1 = 49;
+
+std::string cellName(int i) {
+  return "metode" + std::to_string(i) + "()";
 }
 
-// The desktop as Form_Load leaves it: the canvas at the client size, the zoom at 2;
-// the board drawn once unless asked not to.
-std::unique_ptr<tavlero::Desktop> startDesktop(int cells, bool drawn = true) {
-  auto desktop = std::make_unique<tavlero::Desktop>(96.0);
-  tavlero::App& app = desktop->app();
-  QSizeF client = desktop->window().clientSizeMm();
-  app.canvas.setWidth(static_cast<float>(client.width()));
-  app.canvas.setHeight(static_cast<float>(client.height()));
-  tavlero::zoomIn(app);
-  tavlero::zoomOut(app);
-  fillBoard(app, cells);
-  if (drawn) tavlero::redrawBoard(app);
-  return desktop;
+// Cells on a grid of 100 a row, 60 by 30 units apart, each linked to the next one.
+float cellX(int i) {
+  return static_cast<float>((i % 100) * 60 + 10);
+}
+float cellY(int i) {
+  return static_cast<float>((i / 100) * 30 + 10);
+}
+
+// The canvas widget over a Qt surface in a shown window at main's start size, with the
+// fake platform's answers (Yes to every question) so that no dialog waits for a user.
+struct QtBoard {
+  tavlero::QtSurface surface{96.0};
+  tavlero::testing::FakePlatform fakes;
+  tavlero::App app{surface, fakes.platform()};
+  QWidget main;
+  tavlero::CanvasWidget canvas{app, surface, &main};
+
+  // count cells; the canvas at main's client size and the zoom at 2, as at start; the
+  // board drawn once unless asked not to.
+  explicit QtBoard(int count, bool drawn = true) {
+    float width = tavlero::twipsToMillimetres(tavlero::kMainClientWidthTwips);
+    float height = tavlero::twipsToMillimetres(tavlero::kMainClientHeightTwips);
+    main.resize(static_cast<int>(surface.mmToPixels(width)), static_cast<int>(surface.mmToPixels(height)));
+    main.show();
+    app.canvas.setWidth(width);
+    app.canvas.setHeight(height);
+    tavlero::zoomIn(app);
+    tavlero::zoomOut(app);
+    tavlero::testing::FakeWorld world;
+    for (int i = 0; i < count; ++i)
+      world.addCell(cellName(i), cellX(i), cellY(i), "Gjør del " + std::to_string(i) + " av jobben.");
+    for (int i = 0; i < count; ++i) world.addLinkRecord(cellName(i), cellName((i + 1) % count));
+    tavlero::ProjectStore& store = world.app.store;
+    app.store.itemList = store.itemList;
+    app.store.sizeList = store.sizeList;
+    app.store.linkList = store.linkList;
+    app.store.linkSizeList = store.linkSizeList;
+    if (drawn) tavlero::redrawBoard(app);
+  }
+
+  // A press inside cell i and the release, without moving: the cell is selected.
+  void select(int i) {
+    tavlero::canvas_MouseDown(app, 1, 0, cellX(i) + 2, cellY(i) + 2);
+    tavlero::canvas_MouseUp(app, 1, 0, cellX(i) + 2, cellY(i) + 2);
+  }
+};
+
+// The four lists as they stand, to be put back after a change that is measured.
+struct Lists {
+  explicit Lists(const tavlero::ProjectStore& store)
+      : items(store.itemList), sizes(store.sizeList), links(store.linkList), linkSizes(store.linkSizeList) {}
+  void restore(tavlero::App& app) const {
+    app.store.itemList = items;
+    app.store.sizeList = sizes;
+    app.store.linkList = links;
+    app.store.linkSizeList = linkSizes;
+    app.store.selectedCell = -1;
+    tavlero::redrawBoard(app);
+  }
+  tavlero::StringList items, sizes, links, linkSizes;
+};
+
+void finish(benchmark::State& state) {
+  state.SetComplexityN(state.range(0));
 }
 
 void BM_QtRedrawBoard(benchmark::State& state) {
-  auto desktop = startDesktop(static_cast<int>(state.range(0)));
+  QtBoard board(static_cast<int>(state.range(0)));
   for (auto _ : state) {
-    tavlero::redrawBoard(desktop->app());
-    benchmark::DoNotOptimize(desktop->app().canvas.Image().size());
+    tavlero::canvas_KeyDown(board.app, kKeyF5, 0);
+    benchmark::DoNotOptimize(board.app.canvas.Image().size());
   }
-  state.SetComplexityN(state.range(0));
+  finish(state);
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 BENCHMARK(BM_QtRedrawBoard)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond)->Complexity();
 
-// A zoom in and back out: both levels seen before, after the first round.
-void BM_QtZoomInOut(benchmark::State& state) {
-  auto desktop = startDesktop(static_cast<int>(state.range(0)));
+// F5 and the paint of the window that shows it, which indexes the new picture: one frame.
+void BM_QtRedrawAndPaint(benchmark::State& state) {
+  QtBoard board(static_cast<int>(state.range(0)));
+  QImage window(967, 656, QImage::Format_RGB32);
   for (auto _ : state) {
-    tavlero::zoomIn(desktop->app());
-    tavlero::zoomOut(desktop->app());
+    tavlero::canvas_KeyDown(board.app, kKeyF5, 0);
+    board.canvas.render(&window, QPoint(), QRegion(0, 0, 967, 656));
+    benchmark::DoNotOptimize(window.constBits());
   }
-  state.SetComplexityN(state.range(0));
+  finish(state);
 }
-BENCHMARK(BM_QtZoomInOut)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_QtRedrawAndPaint)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond);
+
+// A cell in the middle of the board dragged 7 units right and 3 down, or back: the press,
+// one move with the button held and the release that drops it.
+void BM_QtDropCell(benchmark::State& state) {
+  auto count = static_cast<int>(state.range(0));
+  QtBoard board(count);
+  int cell = count / 2;
+  float step = 1;
+  for (auto _ : state) {
+    float x = cellX(cell) + 2 + (step < 0 ? 7.0f : 0.0f), y = cellY(cell) + 2 + (step < 0 ? 3.0f : 0.0f);
+    tavlero::canvas_MouseDown(board.app, 1, 0, x, y);
+    tavlero::canvas_MouseMove(board.app, 1, 0, x + 7 * step, y + 3 * step);
+    tavlero::canvas_MouseUp(board.app, 1, 0, x + 7 * step, y + 3 * step);
+    step = -step;
+  }
+  finish(state);
+}
+BENCHMARK(BM_QtDropCell)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond);
+
+// One zoom step, in and out by turns: both levels seen before, after the first round.
+void BM_QtZoomSeenLevel(benchmark::State& state) {
+  QtBoard board(static_cast<int>(state.range(0)));
+  tavlero::zoomIn(board.app);
+  tavlero::zoomOut(board.app);
+  bool in = true;
+  for (auto _ : state) {
+    (in ? tavlero::zoomIn : tavlero::zoomOut)(board.app);
+    in = !in;
+  }
+  finish(state);
+}
+BENCHMARK(BM_QtZoomSeenLevel)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond);
+
+// One zoom step to a level this board has never been drawn at.
+void BM_QtZoomNewLevel(benchmark::State& state) {
+  for (auto _ : state) {
+    state.PauseTiming();
+    auto board = std::make_unique<QtBoard>(static_cast<int>(state.range(0)));
+    state.ResumeTiming();
+    tavlero::zoomIn(board->app);
+    state.PauseTiming();
+    board.reset();
+    state.ResumeTiming();
+  }
+  finish(state);
+}
+BENCHMARK(BM_QtZoomNewLevel)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// A new method through the method dialog's OK, as the last of range(0) methods.
+void BM_QtAddMethod(benchmark::State& state) {
+  QtBoard board(static_cast<int>(state.range(0)) - 1);
+  const Lists before(board.app.store);
+  for (auto _ : state) {
+    board.app.store.selectedCell = -1;
+    board.app.store.lastMouseX = 20;
+    board.app.store.lastMouseY = 20;
+    auto form = std::make_unique<tavlero::testing::FakeMethodForm>();
+    form->name = "ny()";
+    form->summary = "Den nye metoden.";
+    board.app.addMethodForm = std::move(form);
+    tavlero::addMethodForm_Command2_Click(board.app);
+    state.PauseTiming();
+    before.restore(board.app);
+    state.ResumeTiming();
+  }
+  finish(state);
+}
+BENCHMARK(BM_QtAddMethod)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond)->Iterations(10);
+
+// The summary of a selected method changed through the method dialog's OK, by turns.
+void BM_QtEditMethod(benchmark::State& state) {
+  auto count = static_cast<int>(state.range(0));
+  QtBoard board(count);
+  board.select(count / 2);
+  bool longer = true;
+  for (auto _ : state) {
+    auto form = std::make_unique<tavlero::testing::FakeMethodForm>();
+    form->name = cellName(count / 2);
+    form->summary = longer ? "Gjør en lengre del av jobben, over flere linjer enn før." : "Kort.";
+    board.app.addMethodForm = std::move(form);
+    tavlero::addMethodForm_Command2_Click(board.app);
+    longer = !longer;
+  }
+  finish(state);
+}
+BENCHMARK(BM_QtEditMethod)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond);
+
+// Delete on a selected method in the middle, confirmed; its two links go with it.
+void BM_QtDeleteMethod(benchmark::State& state) {
+  auto count = static_cast<int>(state.range(0));
+  QtBoard board(count);
+  const Lists before(board.app.store);
+  for (auto _ : state) {
+    state.PauseTiming();
+    board.select(count / 2);
+    state.ResumeTiming();
+    tavlero::canvas_KeyDown(board.app, kKeyDelete, 0);
+    state.PauseTiming();
+    before.restore(board.app);
+    state.ResumeTiming();
+  }
+  finish(state);
+}
+BENCHMARK(BM_QtDeleteMethod)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Arg(32001)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(10);
+
+// The colour keys 1 to 9 in turn on a selected method.
+void BM_QtColourKey(benchmark::State& state) {
+  auto count = static_cast<int>(state.range(0));
+  QtBoard board(count);
+  board.select(count / 2);
+  int16_t key = 0;
+  for (auto _ : state) {
+    tavlero::canvas_KeyDown(board.app, static_cast<int16_t>(kKeyDigit1 + key), 0);
+    key = static_cast<int16_t>((key + 1) % 9);
+  }
+  finish(state);
+}
+BENCHMARK(BM_QtColourKey)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond);
+
+// The first press on a cell after a drop elsewhere moved another cell: hit testing must
+// take the new geometry first.
+void BM_QtFirstPressAfterChange(benchmark::State& state) {
+  auto count = static_cast<int>(state.range(0));
+  QtBoard board(count);
+  int moved = count / 2, pressed = count / 3;
+  float step = 1;
+  for (auto _ : state) {
+    state.PauseTiming();
+    float x = cellX(moved) + 2 + (step < 0 ? 7.0f : 0.0f), y = cellY(moved) + 2;
+    tavlero::canvas_MouseDown(board.app, 1, 0, x, y);
+    tavlero::canvas_MouseMove(board.app, 1, 0, x + 7 * step, y);
+    tavlero::canvas_MouseUp(board.app, 1, 0, x + 7 * step, y);
+    step = -step;
+    state.ResumeTiming();
+    tavlero::canvas_MouseDown(board.app, 1, 0, cellX(pressed) + 2, cellY(pressed) + 2);
+    benchmark::DoNotOptimize(board.app.store.selectedCell);
+  }
+  finish(state);
+}
+BENCHMARK(BM_QtFirstPressAfterChange)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Arg(32001)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(10);
 
 // The first redraw after a project was read: no text measured yet.
 void BM_QtFirstRedraw(benchmark::State& state) {
   for (auto _ : state) {
     state.PauseTiming();
-    auto desktop = startDesktop(static_cast<int>(state.range(0)), false);
+    auto board = std::make_unique<QtBoard>(static_cast<int>(state.range(0)), false);
     state.ResumeTiming();
-    tavlero::redrawBoard(desktop->app());
+    tavlero::redrawBoard(board->app);
     state.PauseTiming();
-    desktop.reset();
+    board.reset();
     state.ResumeTiming();
   }
-  state.SetComplexityN(state.range(0));
+  finish(state);
 }
 BENCHMARK(BM_QtFirstRedraw)
     ->Arg(1000)
@@ -93,8 +290,8 @@ BENCHMARK(BM_QtFirstRedraw)
     ->Complexity();
 
 void BM_QtPaintVisibleArea(benchmark::State& state) {
-  auto desktop = startDesktop(static_cast<int>(state.range(0)));
-  tavlero::CanvasWidget& canvas = desktop->window().canvas();
+  QtBoard board(static_cast<int>(state.range(0)));
+  tavlero::CanvasWidget& canvas = board.canvas;
   QImage window(967, 656, QImage::Format_RGB32);
   for (auto _ : state) {
     canvas.render(&window, QPoint(), QRegion(0, 0, 967, 656));

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <string>
-#include <unordered_map>
+#include <vector>
 
 #include "board/cell_text.h"
 #include "board/links.h"
@@ -17,24 +17,20 @@ namespace {
 
 constexpr int32_t kRed = 255;
 constexpr int32_t kDarkRed = 128;
+// Zoom levels whose cell drawings are kept: a zoom in and back out copies both.
+constexpr size_t kKeptContexts = 3;
 
-// Cell names to the index of the last cell of that name, so that every link of a redraw
-// finds its cells without walking all records; the last cell of a name wins.
-using NameIndex = std::unordered_map<std::string, int16_t>;
-
-NameIndex buildNameIndex(const ProjectStore& store) {
-  NameIndex names;
-  const auto& items = store.itemList.items();
-  names.reserve(items.size());
-  for (size_t i = 0; i < items.size(); ++i)
-    names[getField(items[i], key::methodName)] = static_cast<int16_t>(i);
-  return names;
+ParsedCell parseCell(const std::string& record) {
+  return {toLong(numberField(record, key::positionX)), toLong(numberField(record, key::positionY)),
+          getField(record, key::methodName),           getField(record, key::shortDescription),
+          toLong(numberField(record, key::cellColor)), toInteger(numberField(record, key::cellFillStyle))};
 }
 
-int16_t lastCellNamed(const ProjectStore& store, const NameIndex* names, const std::string& name) {
-  if (names) {
-    auto it = names->find(name);
-    return it == names->end() ? int16_t{-1} : it->second;
+// The last cell of a name, from the redraw's index or, for a link drawn alone, by a walk.
+int16_t lastCellNamed(const ProjectStore& store, const DrawingMemo* memo, const std::string& name) {
+  if (memo) {
+    auto it = memo->lastCellNamed.find(name);
+    return it == memo->lastCellNamed.end() ? int16_t{-1} : it->second;
   }
   int16_t found = -1;
   const auto& items = store.itemList.items();
@@ -54,21 +50,35 @@ int32_t offsetBy(int32_t value, int32_t delta) {
   return static_cast<int32_t>(std::clamp<int64_t>(sum, INT32_MIN, INT32_MAX));
 }
 
-void drawLinkWith(App& app, int16_t index, const NameIndex* names) {
+StartPen penOf(const Surface& canvas, bool selected) {
+  return {selected, canvas.ForeColor, canvas.DrawStyle, canvas.DrawWidth()};
+}
+
+// What a link found of its cells; drawn is false when it drew nothing or was blanked.
+struct FoundCells {
+  bool drawn = false;
+  int16_t source = -1;
+  int16_t target = -1;
+  Box sourceBox;
+  Box targetBox;
+  int32_t fillColor = 0;
+  int16_t fillStyle = 0;
+};
+
+FoundCells drawLinkWith(App& app, int16_t index, const LinkEnds& ends, const DrawingMemo* memo) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
-  const std::string& record = store.linkList.List(index);
-  LinkEnds ends = readLink(record);
-  if (ends.source.empty() || ends.target.empty()) return;
+  FoundCells found;
+  if (ends.source.empty() || ends.target.empty()) return found;
 
   if (index == store.selectedLink) canvas.ForeColor = kRed;
-  int16_t source = lastCellNamed(store, names, ends.source);
-  int16_t target = lastCellNamed(store, names, ends.target);
+  int16_t source = lastCellNamed(store, memo, ends.source);
+  int16_t target = lastCellNamed(store, memo, ends.target);
   if (source < 0 || target < 0) {
     store.linkList.setList(index, "");
     store.linkSizeList.setList(index, "");
     canvas.ForeColor = 0;
-    return;
+    return found;
   }
 
   Box s = readBox(store.sizeList.List(source));
@@ -106,36 +116,40 @@ void drawLinkWith(App& app, int16_t index, const NameIndex* names) {
   canvas.FillColor = toLong(numberField(sourceRecord, key::cellColor));
   canvas.FillStyle = toInteger(numberField(sourceRecord, key::cellFillStyle));
   canvas.Circle(x2, y2, 1);
+  found = {true, source, target, s, t, canvas.FillColor, canvas.FillStyle};
   canvas.FillStyle = keptFillStyle;
   canvas.FillColor = keptFillColor;
 
   canvas.DrawStyle = 0;
   canvas.setDrawWidth(keptWidth);
   canvas.ForeColor = 0;
+  return found;
 }
 
-}  // namespace
+// The surface grows to take a cell whose origin lies beyond it; it never shrinks here.
+void growFor(App& app, const ParsedCell& cell) {
+  Surface& canvas = app.canvas;
+  float zoom = app.store.zoomFactor;
+  if (canvas.Width() / zoom < static_cast<float>(cell.positionX))
+    canvas.setWidth(zoom * static_cast<float>(cell.positionX) + 100);
+  if (canvas.Height() / zoom < static_cast<float>(cell.positionY))
+    canvas.setHeight(zoom * static_cast<float>(cell.positionY) + 50);
+}
 
-void drawCell(App& app, int16_t index) {
+void paintCell(App& app, int16_t index, const ParsedCell& cell) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
-  const std::string record = store.itemList.List(index);
-  int32_t positionX = toLong(numberField(record, key::positionX));
-  int32_t positionY = toLong(numberField(record, key::positionY));
-  std::string name = getField(record, key::methodName);
-  std::string summary = getField(record, key::shortDescription);
-  int32_t fillColor = toLong(numberField(record, key::cellColor));
+  const int32_t positionX = cell.positionX;
+  const int32_t positionY = cell.positionY;
+  const std::string& name = cell.name;
+  const std::string& summary = cell.summary;
+  const int32_t fillColor = cell.fillColor;
 
   selectFont(app, store.nameFontSize, true);
   float nameWidth = canvas.TextWidth(name);
   selectFont(app, store.infoFontSize, false);
 
-  // The surface grows to take a cell whose origin lies beyond it; it never shrinks here.
-  float zoom = store.zoomFactor;
-  if (canvas.Width() / zoom < static_cast<float>(positionX))
-    canvas.setWidth(zoom * static_cast<float>(positionX) + 100);
-  if (canvas.Height() / zoom < static_cast<float>(positionY))
-    canvas.setHeight(zoom * static_cast<float>(positionY) + 50);
+  growFor(app, cell);
 
   if (name.empty()) return;
 
@@ -156,7 +170,7 @@ void drawCell(App& app, int16_t index) {
   selectFont(app, store.infoFontSize, false);
   float belowSummary = layoutCellText(canvas, summary, cellWidth, belowName, false);
 
-  canvas.FillStyle = toInteger(numberField(record, key::cellFillStyle));
+  canvas.FillStyle = cell.fillStyle;
   canvas.FillColor = fillColor;
   canvas.Box(left - 1, top - 1, left + cellWidth + 1, belowSummary + 1);
   canvas.FillStyle = 1;
@@ -179,8 +193,167 @@ void drawCell(App& app, int16_t index) {
   canvas.ForeColor = 0;
 }
 
+// Everything beyond the record and the pen that a cell's drawing depends on. The measures
+// of one letter and one line in both fonts stand for the canvas's metrics; the font is put
+// back, so that a board without cells leaves the canvas as it found it.
+CellContext contextNow(App& app) {
+  const ProjectStore& store = app.store;
+  Surface& canvas = app.canvas;
+  CellContext context{store.zoomFactor,   store.minimumCellWidth, store.maximumCellWidth,
+                      store.nameFontSize, store.infoFontSize,     store.fontName,
+                      canvas.unitX(),     canvas.unitY(),         {}};
+  const FontSpec kept = canvas.Font;
+  selectFont(app, store.nameFontSize, true);
+  context.measures[0] = canvas.TextWidth("W");
+  context.measures[1] = canvas.TextHeight("");
+  selectFont(app, store.infoFontSize, false);
+  context.measures[2] = canvas.TextWidth("W");
+  context.measures[3] = canvas.TextHeight("");
+  canvas.Font = kept;
+  return context;
+}
+
+DrawingMemo::Drawings& drawingsAt(DrawingMemo& memo, CellContext context) {
+  auto& sets = memo.contexts;
+  auto it = std::find_if(sets.begin(), sets.end(), [&](const auto& set) { return set.context == context; });
+  if (it == sets.end()) {
+    if (sets.size() >= kKeptContexts) sets.pop_back();
+    sets.insert(sets.begin(), {std::move(context), {}, {}, {}, {}});
+  } else {
+    std::rotate(sets.begin(), it, it + 1);
+  }
+  return sets.front();
+}
+
+// The drawings by index follow the list: an entry taken out of the list takes its drawing
+// with it, so that the entries behind it still find theirs. Only a removal is followed;
+// any other change draws afresh.
+template <typename Drawing>
+Drawing& drawingAt(std::vector<Drawing>& drawings, size_t count, size_t index, const std::string& record) {
+  while (drawings.size() > count && index + 1 < drawings.size() && drawings[index].record != record &&
+         drawings[index + 1].record == record)
+    drawings.erase(drawings.begin() + static_cast<ptrdiff_t>(index));
+  if (drawings.size() <= index) drawings.resize(index + 1);
+  return drawings[index];
+}
+
+void drawCellFromMemo(App& app, int16_t index, const CellDrawing& d, bool geometryStands) {
+  ProjectStore& store = app.store;
+  Surface& canvas = app.canvas;
+  growFor(app, d.cell);
+  selectFont(app, store.infoFontSize, false);
+  if (d.cell.name.empty()) return;
+  canvas.replay(d.drawn);
+  canvas.FillStyle = 1;
+  canvas.FillColor = 0;
+  canvas.CurrentX = d.endX;
+  canvas.CurrentY = d.endY;
+  if (!geometryStands && store.sizeList.List(index) != d.geometry) store.sizeList.setList(index, d.geometry);
+  canvas.ForeColor = 0;
+}
+
+void drawCellAfresh(App& app, int16_t index, const std::string& record, const StartPen& pen, CellDrawing& d) {
+  Surface& canvas = app.canvas;
+  d.valid = false;
+  d.record = record;
+  d.cell = parseCell(record);
+  d.pen = pen;
+  size_t from = canvas.Image().size();
+  paintCell(app, index, d.cell);
+  d.drawn = canvas.Image().copy(from, canvas.Image().size());
+  d.geometry = app.store.sizeList.List(index);
+  d.box = readBox(d.geometry);
+  d.endX = canvas.CurrentX;
+  d.endY = canvas.CurrentY;
+  d.valid = true;
+}
+
+// The names index follows the cells' names. Cells added at the end only add names; a
+// link's cells then stay where they were found unless a new cell takes an old name.
+void updateNames(DrawingMemo& memo, const std::vector<CellDrawing>& drawings, bool renamed) {
+  size_t from = memo.cellNames.size();
+  bool moved = renamed;
+  if (renamed) {
+    from = 0;
+    memo.cellNames.clear();
+    memo.lastCellNamed.clear();
+  }
+  memo.cellNames.resize(drawings.size());
+  for (size_t i = from; i < drawings.size(); ++i) {
+    memo.cellNames[i] = drawings[i].cell.name;
+    auto [at, isNew] = memo.lastCellNamed.try_emplace(memo.cellNames[i], static_cast<int16_t>(i));
+    at->second = static_cast<int16_t>(i);
+    moved = moved || !isNew;
+  }
+  if (moved) ++memo.namesGeneration;
+}
+
+// Whether the link's last drawing still holds: the same record, cells of the same boxes
+// (wherever the list has moved them) and the source's fill, and the same pen.
+bool linkStillHolds(App& app, const DrawingMemo::Drawings& set, LinkDrawing& d, const std::string& record,
+                    const std::vector<Box>& boxes) {
+  DrawingMemo& memo = app.drawingMemo;
+  if (!d.valid || (set.linksSeen.records != app.store.linkList.revision() && d.record != record))
+    return false;
+  if (d.names != memo.namesGeneration) {
+    d.source = lastCellNamed(app.store, &memo, d.ends.source);
+    d.target = lastCellNamed(app.store, &memo, d.ends.target);
+    if (d.source < 0 || d.target < 0) return false;
+    d.names = memo.namesGeneration;
+  }
+  const auto source = static_cast<size_t>(d.source);
+  const auto target = static_cast<size_t>(d.target);
+  const ParsedCell& fill = set.cells[source].cell;
+  return boxes[source] == d.sourceBox && boxes[target] == d.targetBox && fill.fillColor == d.fillColor &&
+         fill.fillStyle == d.fillStyle;
+}
+
+void drawLinkInRedraw(App& app, DrawingMemo::Drawings& set, int16_t index, const std::vector<Box>& boxes) {
+  ProjectStore& store = app.store;
+  Surface& canvas = app.canvas;
+  DrawingMemo& memo = app.drawingMemo;
+  const std::string& record = store.linkList.List(index);
+  LinkDrawing& d = drawingAt(set.links, static_cast<size_t>(store.linkList.ListCount()),
+                             static_cast<size_t>(index), record);
+  // Only the colour a link starts in shows in its drawing; it sets the rest itself.
+  StartPen pen{index == store.selectedLink, canvas.ForeColor, 0, 1};
+  if (d.pen == pen && linkStillHolds(app, set, d, record, boxes)) {
+    if (set.linksSeen.geometry != store.linkSizeList.revision() &&
+        store.linkSizeList.List(index) != d.geometry)
+      store.linkSizeList.setList(index, d.geometry);
+    canvas.replay(d.drawn);
+    canvas.DrawStyle = 0;
+    canvas.ForeColor = 0;
+    return;
+  }
+  d.valid = false;
+  d.record = record;
+  d.ends = readLink(record);
+  size_t from = canvas.Image().size();
+  FoundCells found = drawLinkWith(app, index, d.ends, &memo);
+  if (!found.drawn) return;
+  d.names = memo.namesGeneration;
+  d.source = found.source;
+  d.target = found.target;
+  d.pen = pen;
+  d.sourceBox = found.sourceBox;
+  d.targetBox = found.targetBox;
+  d.fillColor = found.fillColor;
+  d.fillStyle = found.fillStyle;
+  d.drawn = canvas.Image().copy(from, canvas.Image().size());
+  d.geometry = store.linkSizeList.List(index);
+  d.box = readBox(d.geometry);
+  d.valid = true;
+}
+
+}  // namespace
+
+void drawCell(App& app, int16_t index) {
+  paintCell(app, index, parseCell(app.store.itemList.List(index)));
+}
+
 void drawLink(App& app, int16_t index) {
-  drawLinkWith(app, index, nullptr);
+  drawLinkWith(app, index, readLink(app.store.linkList.List(index)), nullptr);
 }
 
 int16_t linkDirection(float sourceX, float sourceY, float targetX, float targetY) {
@@ -193,18 +366,40 @@ int16_t linkDirection(float sourceX, float sourceY, float targetX, float targetY
 void redrawBoard(App& app) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
+  DrawingMemo& memo = app.drawingMemo;
   canvas.Cls();
   canvas.setDrawWidth(toInteger(store.zoomFactor + 0.1));
   const int32_t foreColor = canvas.ForeColor;
   const int16_t drawStyle = canvas.DrawStyle;
   const size_t firstCellOp = canvas.Image().size();
-  int16_t cells = store.itemList.ListCount();
-  for (int16_t i = 0; i < cells; ++i) drawCell(app, i);
+  const int16_t cells = store.itemList.ListCount();
+  const auto cellCount = static_cast<size_t>(cells);
+  DrawingMemo::Drawings& set = drawingsAt(memo, contextNow(app));
+  std::vector<CellDrawing>& drawings = set.cells;
+  const bool recordsStand = set.cellsSeen.records == store.itemList.revision();
+  const bool geometryStands = set.cellsSeen.geometry == store.sizeList.revision();
+  // The boxes as reading sizeList gives them, for the links.
+  std::vector<Box> boxes(cellCount);
+  const size_t named = memo.cellNames.size();
+  bool renamed = named > cellCount;
+  for (int16_t i = 0; i < cells; ++i) {
+    const std::string& record = store.itemList.List(i);
+    CellDrawing& d = drawingAt(drawings, cellCount, static_cast<size_t>(i), record);
+    StartPen pen = penOf(canvas, i == store.selectedCell);
+    if (d.valid && d.pen == pen && (recordsStand || d.record == record))
+      drawCellFromMemo(app, i, d, geometryStands);
+    else
+      drawCellAfresh(app, i, record, pen, d);
+    renamed =
+        renamed || (static_cast<size_t>(i) < named && memo.cellNames[static_cast<size_t>(i)] != d.cell.name);
+    boxes[static_cast<size_t>(i)] = d.cell.name.empty() ? readBox(store.sizeList.List(i)) : d.box;
+  }
+  drawings.resize(cellCount);
   const size_t lastCellOp = canvas.Image().size();
-  // Drawing never renames a cell, so one index serves every link of this redraw.
-  NameIndex names = buildNameIndex(store);
+  // Drawing never renames a cell, so one index of the names serves every link of this redraw.
+  if (renamed || named < cellCount) updateNames(memo, drawings, renamed);
   int16_t links = store.linkList.ListCount();
-  for (int16_t i = 0; i < links; ++i) drawLinkWith(app, i, &names);
+  for (int16_t i = 0; i < links; ++i) drawLinkInRedraw(app, set, i, boxes);
   if (store.doubleDraw) {
     // The cells over the links. Links change no record of a cell, and leave the pen as
     // the cells found it, so the cells' operations come out as they did the first time
@@ -214,7 +409,24 @@ void redrawBoard(App& app) {
     else
       for (int16_t i = 0; i < cells; ++i) drawCell(app, i);
   }
+  app.cellHits.adopt(store.sizeList, std::move(boxes));
+  set.cellsSeen = {store.itemList.revision(), store.sizeList.revision()};
+
+  // The links' boxes as their records read, less those that the sweep takes out. Every
+  // link drawn in this redraw has its record, as its drawing knows it, in linkSizeList.
+  set.links.resize(static_cast<size_t>(links));
+  std::vector<Box> lines;
+  lines.reserve(set.links.size());
+  for (int16_t i = 0; i < links; ++i) {
+    const LinkDrawing& d = set.links[static_cast<size_t>(i)];
+    if (!store.linkList.List(i).empty())
+      lines.push_back(d.valid ? d.box : readBox(store.linkSizeList.List(i)));
+  }
+  for (int16_t i = links; i-- > 0;)
+    if (store.linkList.List(i).empty()) set.links.erase(set.links.begin() + i);
   removeBlankLinks(app);
+  app.linkHits.adopt(store.linkSizeList, std::move(lines));
+  set.linksSeen = {store.linkList.revision(), store.linkSizeList.revision()};
 }
 
 namespace {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "core/drawing_memo.h"
 #include "core/geometry_index.h"
 #include "core/project_store.h"
 #include "platform/common_dialog.h"
@@ -46,6 +47,9 @@ class App {
   // The geometry lists as hit testing reads them, parsed again only after a change.
   GeometryIndex cellHits;
   GeometryIndex linkHits;
+
+  // The last drawings of the cells and links, which a redraw copies where it can.
+  DrawingMemo drawingMemo;
 
   // Forms while they are open; empty when closed.
   std::unique_ptr<MethodFormView> addMethodForm;

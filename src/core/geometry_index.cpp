@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace tavlero {
 
@@ -24,8 +25,14 @@ uint64_t bucketKey(int64_t bx, int64_t by) {
 
 }  // namespace
 
-int16_t GeometryIndex::find(const StringList& list, Reader read, Test test, float x, float y) {
-  if (list.revision() != revision_ || list.ListCount() != count_) rebuild(list, read);
+int16_t GeometryIndex::find(const StringList& list, Shape shape, Test test, float x, float y) {
+  if (list.revision() != revision_ || list.ListCount() != count_) {
+    std::vector<Box> boxes;
+    boxes.reserve(list.items().size());
+    for (const std::string& record : list.items()) boxes.push_back(readBox(record));
+    adopt(list, std::move(boxes));
+  }
+  if (!shaped_) update(shape);
   int16_t found = -1;
   auto bucket = buckets_.find(bucketKey(bucketOf(x), bucketOf(y)));
   if (bucket != buckets_.end()) found = firstAccepted(bucket->second, test, x, y);
@@ -34,33 +41,60 @@ int16_t GeometryIndex::find(const StringList& list, Reader read, Test test, floa
   return found;
 }
 
+void GeometryIndex::adopt(const StringList& list, std::vector<Box> boxes) {
+  revision_ = list.revision();
+  count_ = list.ListCount();
+  read_ = std::move(boxes);
+  shaped_ = false;
+}
+
 int16_t GeometryIndex::firstAccepted(const std::vector<int16_t>& indices, Test test, float x, float y) const {
   for (int16_t i : indices)
     if (test(entries_[static_cast<size_t>(i)], x, y)) return i;
   return -1;
 }
 
-void GeometryIndex::rebuild(const StringList& list, Reader read) {
-  revision_ = list.revision();
-  count_ = list.ListCount();
-  entries_ = read(list);
+void GeometryIndex::update(Shape shape) {
+  std::vector<Box> shaped = shape ? shape(read_) : read_;
+  shaped_ = true;
+  if (shaped.size() == entries_.size()) {
+    // Bitwise, so that a NaN, which no grid holds, never counts as moved.
+    for (size_t i = 0; i < shaped.size(); ++i) {
+      if (std::memcmp(&shaped[i], &entries_[i], sizeof(Box)) == 0) continue;
+      place(static_cast<int16_t>(i), false);
+      entries_[i] = shaped[i];
+      place(static_cast<int16_t>(i), true);
+    }
+    return;
+  }
+  entries_ = std::move(shaped);
   buckets_.clear();
   wide_.clear();
-  for (int16_t i = 0; i < count_; ++i) {
-    const Box& g = entries_[static_cast<size_t>(i)];
-    float left = std::min(g.x1, g.x2), right = std::max(g.x1, g.x2);
-    float top = std::min(g.y1, g.y2), bottom = std::max(g.y1, g.y2);
-    // A box without inside (a placeholder, a NaN) holds no point.
-    if (!(left < right && top < bottom)) continue;
-    int64_t fromX = bucketOf(left), toX = bucketOf(right);
-    int64_t fromY = bucketOf(top), toY = bucketOf(bottom);
-    if (toX - fromX >= kMostBuckets || toY - fromY >= kMostBuckets) {
-      wide_.push_back(i);
-      continue;
-    }
-    for (int64_t bx = fromX; bx <= toX; ++bx)
-      for (int64_t by = fromY; by <= toY; ++by) buckets_[bucketKey(bx, by)].push_back(i);
+  for (size_t i = 0; i < entries_.size(); ++i) place(static_cast<int16_t>(i), true);
+}
+
+// Adds the entry to, or takes it from, the buckets its box covers, keeping each in order.
+void GeometryIndex::place(int16_t index, bool add) {
+  const Box& g = entries_[static_cast<size_t>(index)];
+  float left = std::min(g.x1, g.x2), right = std::max(g.x1, g.x2);
+  float top = std::min(g.y1, g.y2), bottom = std::max(g.y1, g.y2);
+  // A box without inside (a placeholder, a NaN) holds no point.
+  if (!(left < right && top < bottom)) return;
+  auto enter = [&](std::vector<int16_t>& indices) {
+    auto at = std::lower_bound(indices.begin(), indices.end(), index);
+    if (add)
+      indices.insert(at, index);
+    else if (at != indices.end() && *at == index)
+      indices.erase(at);
+  };
+  int64_t fromX = bucketOf(left), toX = bucketOf(right);
+  int64_t fromY = bucketOf(top), toY = bucketOf(bottom);
+  if (toX - fromX >= kMostBuckets || toY - fromY >= kMostBuckets) {
+    enter(wide_);
+    return;
   }
+  for (int64_t bx = fromX; bx <= toX; ++bx)
+    for (int64_t by = fromY; by <= toY; ++by) enter(buckets_[bucketKey(bx, by)]);
 }
 
 }  // namespace tavlero

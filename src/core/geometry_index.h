@@ -15,22 +15,30 @@ namespace tavlero {
 
 class GeometryIndex {
  public:
-  // read turns the list into one box per entry; test says whether a box takes the point.
-  using Reader = std::vector<Box> (*)(const StringList&);
+  // shape turns the boxes of the records into the boxes the test takes (none: the same);
+  // test says whether a box takes the point.
+  using Shape = std::vector<Box> (*)(const std::vector<Box>&);
   using Test = bool (*)(const Box&, float, float);
 
   // The index serves one list for its whole life: the list's revision tells it apart
   // from every earlier state of the same list.
-  int16_t find(const StringList& list, Reader read, Test test, float x, float y);
+  int16_t find(const StringList& list, Shape shape, Test test, float x, float y);
+
+  // The drawing that has just written the list hands over the boxes its records read as,
+  // so that the next search reads no record; only the boxes that moved change the grid.
+  void adopt(const StringList& list, std::vector<Box> boxes);
 
  private:
   int16_t firstAccepted(const std::vector<int16_t>& indices, Test test, float x, float y) const;
-  void rebuild(const StringList& list, Reader read);
+  void update(Shape shape);
+  void place(int16_t index, bool add);
 
   uint64_t revision_ = 0;
   int16_t count_ = -1;
+  std::vector<Box> read_;  // the boxes of the records, as the list stands at revision_
+  bool shaped_ = false;    // whether entries_ and the grid follow read_
   std::vector<Box> entries_;
-  std::unordered_map<uint64_t, std::vector<int16_t>> buckets_;
+  std::unordered_map<uint64_t, std::vector<int16_t>> buckets_;  // each in ascending order
   std::vector<int16_t> wide_;
 };
 

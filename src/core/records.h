@@ -89,6 +89,7 @@ struct Box {
   float y1 = 0;
   float x2 = 0;
   float y2 = 0;
+  bool operator==(const Box&) const = default;
 };
 
 Box readBox(std::string_view record);

@@ -19,12 +19,12 @@ bool strictlyBetween(float value, float a, float b) {
 // Both marks live through the whole walk: a link that runs backwards changes how every
 // later flat or upright link is widened. A line without width or height gets one of 2,
 // so that the box test and the divisions have something to work with.
-std::vector<Box> widenedLinks(const StringList& linkSizeList) {
+std::vector<Box> widenedLinks(const std::vector<Box>& lines) {
   std::vector<Box> links;
+  links.reserve(lines.size());
   bool reversedLink = false;
   bool risingLink = false;
-  for (const std::string& record : linkSizeList.items()) {
-    Box g = readBox(record);
+  for (Box g : lines) {
     if (g.x1 > g.x2 || g.y1 > g.y2) reversedLink = true;
     if (g.y1 > g.y2) risingLink = true;
     if (g.x1 == g.x2) {
@@ -58,17 +58,10 @@ bool near(const Box& link, float x, float y) {
   return x + 2 > expectedX && x - 2 < expectedX && y + 2 > expectedY && y - 2 < expectedY;
 }
 
-std::vector<Box> cellBoxes(const StringList& sizeList) {
-  std::vector<Box> cells;
-  cells.reserve(sizeList.items().size());
-  for (const std::string& record : sizeList.items()) cells.push_back(readBox(record));
-  return cells;
-}
-
 }  // namespace
 
 int16_t findCellAt(App& app, float x, float y) {
-  return app.cellHits.find(app.store.sizeList, cellBoxes, holds, x, y);
+  return app.cellHits.find(app.store.sizeList, nullptr, holds, x, y);
 }
 
 int16_t findLinkAt(App& app, float x, float y) {

@@ -2,45 +2,28 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
-#include <string_view>
 
 namespace tavlero {
 
 void DisplayList::clear() {
   ops_.clear();
-  replaced_.clear();
-  lastPrint_.clear();
   texts_.clear();
+  printed_.clear();
+  shared_.clear();
   fonts_.clear();
-  grid_.clear();
+  grid_ = {};
   huge_.clear();
+  loose_.clear();
+  again_.clear();
   indexed_ = 0;
 }
 
 void DisplayList::add(const DrawOp& op) {
-  const auto index = static_cast<uint32_t>(ops_.size());
   ops_.push_back(op);
-  replaced_.push_back(0);
-  if (op.kind != DrawKind::Text) return;
-  // Keyed by a hash of place, font and text; a print whose hash meets a different one
-  // only takes the key over, which at worst leaves an earlier print in place.
-  const FontSpec& font = fonts_[op.font];
-  size_t key = std::hash<std::string_view>()(texts_[op.text]);
-  for (size_t part : {std::hash<float>()(op.x1), std::hash<float>()(op.y1), std::hash<float>()(font.Size),
-                      std::hash<std::string_view>()(font.Name), size_t{font.Bold}})
-    key = key * 1000003 ^ part;
-  auto [earlier, isNew] = lastPrint_.try_emplace(key, index);
-  if (isNew) return;
-  const DrawOp& before = ops_[earlier->second];
-  if (before.x1 == op.x1 && before.y1 == op.y1 && fonts_[before.font] == font &&
-      texts_[before.text] == texts_[op.text])
-    replaced_[earlier->second] = 1;
-  earlier->second = index;
 }
 
 uint32_t DisplayList::addText(std::string text) {
-  texts_.push_back(std::move(text));
+  texts_.push_back(&printed_.emplace_back(std::move(text)));
   return static_cast<uint32_t>(texts_.size() - 1);
 }
 
@@ -51,6 +34,50 @@ uint32_t DisplayList::addFont(const FontSpec& font) {
     if (fonts_[i] == font) return static_cast<uint32_t>(i);
   fonts_.push_back(font);
   return static_cast<uint32_t>(fonts_.size() - 1);
+}
+
+std::shared_ptr<const DrawnOps> DisplayList::copy(size_t from, size_t to) const {
+  auto drawn = std::make_shared<DrawnOps>();
+  drawn->ops.assign(ops_.begin() + static_cast<ptrdiff_t>(from), ops_.begin() + static_cast<ptrdiff_t>(to));
+  if (!drawn->ops.empty()) drawn->bounds = bounds(drawn->ops.front());
+  for (DrawOp& op : drawn->ops) {
+    drawn->bounds = unite(drawn->bounds, bounds(op));
+    if (op.kind != DrawKind::Text) continue;
+    drawn->texts.push_back(*texts_[op.text]);
+    op.text = static_cast<uint32_t>(drawn->texts.size() - 1);
+    const FontSpec& font = fonts_[op.font];
+    auto known = std::find(drawn->fonts.begin(), drawn->fonts.end(), font);
+    op.font = static_cast<uint32_t>(known - drawn->fonts.begin());
+    if (known == drawn->fonts.end()) drawn->fonts.push_back(font);
+  }
+  return drawn;
+}
+
+void DisplayList::append(std::shared_ptr<const DrawnOps> drawn) {
+  // Its fonts are few (a cell has two), so each is looked up once, not once a text.
+  constexpr size_t kFew = 4;
+  uint32_t fonts[kFew];
+  for (size_t i = 0; i < drawn->fonts.size() && i < kFew; ++i) fonts[i] = addFont(drawn->fonts[i]);
+  const auto firstText = static_cast<uint32_t>(texts_.size());
+  for (const std::string& text : drawn->texts) texts_.push_back(&text);
+  for (DrawOp op : drawn->ops) {
+    if (op.kind == DrawKind::Text) {
+      op.font = op.font < kFew ? fonts[op.font] : addFont(drawn->fonts[op.font]);
+      op.text += firstText;
+    }
+    ops_.push_back(op);
+  }
+  shared_.push_back(std::move(drawn));
+}
+
+void DisplayList::repeat(size_t from, size_t to) {
+  ops_.reserve(ops_.size() + (to - from));
+  for (size_t i = from; i < to; ++i) ops_.push_back(ops_[i]);
+}
+
+BoardRect DisplayList::unite(const BoardRect& a, const BoardRect& b) {
+  return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+          std::max(a.bottom, b.bottom)};
 }
 
 BoardRect DisplayList::bounds(const DrawOp& op) {
@@ -71,55 +98,137 @@ BoardRect DisplayList::bounds(const DrawOp& op) {
   return {r.left - margin, r.top - margin, r.right + margin, r.bottom + margin};
 }
 
-void DisplayList::index(uint32_t opIndex) const {
-  BoardRect r = bounds(ops_[opIndex]);
-  if (!(std::isfinite(r.left) && std::isfinite(r.top) && std::isfinite(r.right) && std::isfinite(r.bottom))) {
-    huge_.push_back(opIndex);
-    return;
+namespace {
+
+bool finite(const BoardRect& r) {
+  return std::isfinite(r.left) && std::isfinite(r.top) && std::isfinite(r.right) && std::isfinite(r.bottom);
+}
+
+constexpr int64_t kMostBucketsPerOp = 64;
+
+}  // namespace
+
+bool DisplayList::spanOf(const BoardRect& r, Span& span) const {
+  const Grid& g = grid_;
+  if (std::isnan(r.left) || std::isnan(r.top) || std::isnan(r.right) || std::isnan(r.bottom)) return false;
+  // Monotonic in v, so the buckets of an operation hold every point of its bounds. The
+  // floor by hand: the library's is a call, and this runs twice for every operation.
+  auto bucket = [&](float v, double origin, int64_t count) {
+    double c = std::clamp(static_cast<double>(v) * g.inverse - origin, -1.0, static_cast<double>(count));
+    auto whole = static_cast<int64_t>(c);
+    return static_cast<double>(whole) > c ? whole - 1 : whole;
+  };
+  span = {std::max<int64_t>(bucket(r.left, g.x0, g.columns), 0),
+          std::max<int64_t>(bucket(r.top, g.y0, g.rows), 0),
+          std::min(bucket(r.right, g.x0, g.columns), g.columns - 1),
+          std::min(bucket(r.bottom, g.y0, g.rows), g.rows - 1)};
+  return span.x0 <= span.x1 && span.y0 <= span.y1;
+}
+
+void DisplayList::buildGrid() const {
+  grid_ = {};
+  huge_.clear();
+  loose_.clear();
+  double left = INFINITY, top = INFINITY, right = -INFINITY, bottom = -INFINITY;
+  for (const DrawOp& op : ops_) {
+    BoardRect r = bounds(op);
+    if (!finite(r)) continue;
+    left = std::min(left, double(r.left)), top = std::min(top, double(r.top));
+    right = std::max(right, double(r.right)), bottom = std::max(bottom, double(r.bottom));
   }
-  double bx0 = std::floor(r.left / kBucket), bx1 = std::floor(r.right / kBucket);
-  double by0 = std::floor(r.top / kBucket), by1 = std::floor(r.bottom / kBucket);
-  if ((bx1 - bx0 + 1) * (by1 - by0 + 1) > 64 || std::fabs(bx0) > 1e9 || std::fabs(by0) > 1e9 ||
-      std::fabs(bx1) > 1e9 || std::fabs(by1) > 1e9) {
-    huge_.push_back(opIndex);
-    return;
+  Grid& g = grid_;
+  if (left <= right) {
+    const double budget = std::max(4096.0, 4.0 * static_cast<double>(ops_.size()));
+    double size = 64;
+    while (((right - left) / size + 2) * ((bottom - top) / size + 2) > budget) size *= 2;
+    g.inverse = 1 / size;  // exact: a power of two
+    g.x0 = std::floor(left * g.inverse), g.y0 = std::floor(top * g.inverse);
+    g.columns = static_cast<int64_t>(std::floor(right * g.inverse) - g.x0) + 1;
+    g.rows = static_cast<int64_t>(std::floor(bottom * g.inverse) - g.y0) + 1;
   }
-  for (auto bx = static_cast<int32_t>(bx0); bx <= static_cast<int32_t>(bx1); ++bx)
-    for (auto by = static_cast<int32_t>(by0); by <= static_cast<int32_t>(by1); ++by)
-      grid_[key(bx, by)].push_back(opIndex);
+  g.starts.assign(static_cast<size_t>(g.columns * g.rows) + 1, 0);
+  // Count into each bucket, then place, from spans worked out once.
+  std::vector<Span> spans(ops_.size());
+  for (uint32_t i = 0; i < ops_.size(); ++i) {
+    Span& span = spans[i];
+    BoardRect r = bounds(ops_[i]);
+    if (!finite(r) || !spanOf(r, span) ||
+        (span.x1 - span.x0 + 1) * (span.y1 - span.y0 + 1) > kMostBucketsPerOp) {
+      huge_.push_back(i);
+      span = {0, 0, -1, -1};
+      continue;
+    }
+    for (int64_t y = span.y0; y <= span.y1; ++y)
+      for (int64_t x = span.x0; x <= span.x1; ++x) ++g.starts[static_cast<size_t>(y * g.columns + x) + 1];
+  }
+  for (size_t b = 1; b < g.starts.size(); ++b) g.starts[b] += g.starts[b - 1];
+  g.items.resize(g.starts.back());
+  std::vector<uint32_t> next(g.starts.begin(), g.starts.end() - 1);
+  for (uint32_t i = 0; i < ops_.size(); ++i)
+    for (int64_t y = spans[i].y0; y <= spans[i].y1; ++y)
+      for (int64_t x = spans[i].x0; x <= spans[i].x1; ++x)
+        g.items[next[static_cast<size_t>(y * g.columns + x)]++] = i;
+  indexed_ = ops_.size();
 }
 
 void DisplayList::rebuildIndexIfNeeded() const {
-  for (; indexed_ < ops_.size(); ++indexed_) index(static_cast<uint32_t>(indexed_));
+  again_.resize(ops_.size(), 0);
+  // A few operations drawn over the picture wait in a list of their own; many make a new grid.
+  if (indexed_ == 0 || loose_.size() + (ops_.size() - indexed_) > 1024 + ops_.size() / 8) buildGrid();
+  for (; indexed_ < ops_.size(); ++indexed_) loose_.push_back(static_cast<uint32_t>(indexed_));
+}
+
+bool DisplayList::printedAgain(uint32_t opIndex) const {
+  const DrawOp& op = ops_[opIndex];
+  if (op.kind != DrawKind::Text) return false;
+  // Once printed again, always: only that answer is kept, a later print may change a no.
+  if (again_[opIndex]) return true;
+  auto same = [&](uint32_t later) {
+    const DrawOp& other = ops_[later];
+    return later > opIndex && other.kind == DrawKind::Text && other.x1 == op.x1 && other.y1 == op.y1 &&
+           (other.font == op.font || fonts_[other.font] == fonts_[op.font]) &&
+           (other.text == op.text || *texts_[other.text] == *texts_[op.text]);
+  };
+  // A print at the same place has bounds that hold its top left corner, so it sits in the
+  // corner's bucket, or among the operations outside the grid.
+  bool found =
+      std::any_of(huge_.begin(), huge_.end(), same) || std::any_of(loose_.begin(), loose_.end(), same);
+  Span corner{};
+  if (!found && spanOf({op.x1, op.y1, op.x1, op.y1}, corner)) {
+    const auto b = static_cast<size_t>(corner.y0 * grid_.columns + corner.x0);
+    found =
+        std::any_of(grid_.items.begin() + grid_.starts[b], grid_.items.begin() + grid_.starts[b + 1], same);
+  }
+  again_[opIndex] = found;
+  return found;
 }
 
 std::vector<uint32_t> DisplayList::query(const BoardRect& area) const {
   rebuildIndexIfNeeded();
   std::vector<uint32_t> found;
   auto meets = [&](uint32_t i) {
-    if (replaced_[i]) return false;
     BoardRect r = bounds(ops_[i]);
-    return r.right >= area.left && r.left <= area.right && r.bottom >= area.top && r.top <= area.bottom;
+    return r.right >= area.left && r.left <= area.right && r.bottom >= area.top && r.top <= area.bottom &&
+           !printedAgain(i);
   };
-  double bx0 = std::floor(area.left / kBucket), bx1 = std::floor(area.right / kBucket);
-  double by0 = std::floor(area.top / kBucket), by1 = std::floor(area.bottom / kBucket);
-  double buckets = (bx1 - bx0 + 1) * (by1 - by0 + 1);
-  if (!(buckets <= static_cast<double>(grid_.size()) && buckets < 1e6)) {
-    // The area covers more buckets than exist: walking the operations is cheaper.
+  Span span{};
+  const bool inGrid = spanOf(area, span);
+  if (inGrid && (span.x1 - span.x0 + 1) * (span.y1 - span.y0 + 1) * 2 > grid_.columns * grid_.rows) {
+    // The area covers most of the grid: walking the operations is cheaper.
     for (uint32_t i = 0; i < ops_.size(); ++i)
       if (meets(i)) found.push_back(i);
     return found;
   }
-  for (auto bx = static_cast<int32_t>(bx0); bx <= static_cast<int32_t>(bx1); ++bx) {
-    for (auto by = static_cast<int32_t>(by0); by <= static_cast<int32_t>(by1); ++by) {
-      auto it = grid_.find(key(bx, by));
-      if (it == grid_.end()) continue;
-      for (uint32_t i : it->second)
-        if (meets(i)) found.push_back(i);
+  for (int64_t y = span.y0; inGrid && y <= span.y1; ++y) {
+    for (int64_t x = span.x0; x <= span.x1; ++x) {
+      const auto b = static_cast<size_t>(y * grid_.columns + x);
+      for (uint32_t k = grid_.starts[b]; k < grid_.starts[b + 1]; ++k)
+        if (meets(grid_.items[k])) found.push_back(grid_.items[k]);
     }
   }
-  for (uint32_t i : huge_)
-    if (meets(i)) found.push_back(i);
+  for (const auto* others : {&huge_, &loose_})
+    for (uint32_t i : *others)
+      if (meets(i)) found.push_back(i);
   std::sort(found.begin(), found.end());
   found.erase(std::unique(found.begin(), found.end()), found.end());
   return found;

@@ -4,8 +4,9 @@
 // without ever holding one bitmap of a board that may be far larger than any image.
 
 #include <cstdint>
+#include <deque>
+#include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "platform/default_font.h"
@@ -39,15 +40,29 @@ struct BoardRect {
   float left, top, right, bottom;
 };
 
+// Operations taken out of a picture with their texts and fonts, to be drawn again later
+// exactly as they were. A picture they are added to shares them, texts and all.
+struct DrawnOps {
+  std::vector<DrawOp> ops;  // text and font: indices into texts and fonts below
+  std::vector<std::string> texts;
+  std::vector<FontSpec> fonts;
+  BoardRect bounds{0, 0, 0, 0};  // of all the operations; meaningless when there are none
+};
+
 class DisplayList {
  public:
   void clear();
   void add(const DrawOp& op);
   uint32_t addText(std::string text);
   uint32_t addFont(const FontSpec& font);
+  // The operations [from, to) with what they need, and their adding back at the end.
+  std::shared_ptr<const DrawnOps> copy(size_t from, size_t to) const;
+  void append(std::shared_ptr<const DrawnOps> drawn);
+  // The operations [from, to) once more at the end, sharing their texts.
+  void repeat(size_t from, size_t to);
 
   const std::vector<DrawOp>& ops() const { return ops_; }
-  const std::string& text(uint32_t index) const { return texts_[index]; }
+  const std::string& text(uint32_t index) const { return *texts_[index]; }
   const FontSpec& font(uint32_t index) const { return fonts_[index]; }
   size_t size() const { return ops_.size(); }
 
@@ -60,22 +75,39 @@ class DisplayList {
 
   // The bounds of one operation, widened by half a pen and, for text, by its extent.
   static BoardRect bounds(const DrawOp& op);
+  static BoardRect unite(const BoardRect& a, const BoardRect& b);
 
  private:
-  static constexpr float kBucket = 64.0f;  // board units per grid cell
-  static int64_t key(int32_t bx, int32_t by) {
-    return (static_cast<int64_t>(bx) << 32) ^ static_cast<uint32_t>(by);
-  }
-  void index(uint32_t opIndex) const;
+  // A grid over the extent of the operations, made in two passes (count, then fill) when
+  // first asked. Its buckets are 64 units square, or larger where the board is so large
+  // that they would far outnumber the operations.
+  struct Grid {
+    double inverse = 1.0 / 64;  // buckets per board unit
+    double x0 = 0;              // first column and row, in buckets
+    double y0 = 0;
+    int64_t columns = 0;
+    int64_t rows = 0;
+    std::vector<uint32_t> starts;  // per bucket, into items, and one past the last
+    std::vector<uint32_t> items;   // ascending within each bucket
+  };
+  struct Span {
+    int64_t x0, y0, x1, y1;  // buckets of the grid, inclusive
+  };
+  // The buckets a rectangle covers, clipped to the grid; false when none.
+  bool spanOf(const BoardRect& r, Span& span) const;
+  void buildGrid() const;
   void rebuildIndexIfNeeded() const;
+  bool printedAgain(uint32_t opIndex) const;
 
   std::vector<DrawOp> ops_;
-  std::vector<uint8_t> replaced_;                   // per operation: a text printed again later
-  std::unordered_map<size_t, uint32_t> lastPrint_;  // hash of place, font and text -> operation
-  std::vector<std::string> texts_;
+  std::vector<const std::string*> texts_;  // in printed_ or in one of shared_
+  std::deque<std::string> printed_;
+  std::vector<std::shared_ptr<const DrawnOps>> shared_;
   std::vector<FontSpec> fonts_;
-  mutable std::unordered_map<int64_t, std::vector<uint32_t>> grid_;
-  mutable std::vector<uint32_t> huge_;  // operations too large to bucket
+  mutable Grid grid_;
+  mutable std::vector<uint32_t> huge_;   // operations too large to bucket, or not finite
+  mutable std::vector<uint32_t> loose_;  // added since the grid was made
+  mutable std::vector<uint8_t> again_;   // per operation: a text known to be printed again later
   mutable size_t indexed_ = 0;
 };
 

@@ -55,6 +55,12 @@ void Surface::addOp(DrawKind kind, float x1, float y1, float x2, float y2) {
   imageAdded(DisplayList::bounds(op));
 }
 
+void Surface::replay(const std::shared_ptr<const DrawnOps>& drawn) {
+  if (!keepsImage_ || drawn->ops.empty()) return;
+  image_.append(drawn);
+  imageAdded(drawn->bounds);
+}
+
 void Surface::Line(float x1, float y1, float x2, float y2) {
   addOp(DrawKind::Line, x1, y1, x2, y2);
 }
@@ -68,11 +74,11 @@ void Surface::Circle(float x, float y, float radius) {
 }
 
 void Surface::repeat(size_t from, size_t to) {
-  for (size_t i = from; i < to; ++i) {
-    const DrawOp op = image_.ops()[i];  // a copy: adding may move the operations
-    image_.add(op);
-    imageAdded(DisplayList::bounds(op));
-  }
+  if (!keepsImage_ || from >= to) return;
+  BoardRect all = DisplayList::bounds(image_.ops()[from]);
+  for (size_t i = from + 1; i < to; ++i) all = DisplayList::unite(all, DisplayList::bounds(image_.ops()[i]));
+  image_.repeat(from, to);
+  imageAdded(all);
 }
 
 void Surface::Print(const std::string& text) {

@@ -55,6 +55,9 @@ class Surface {
   void Print(const std::string& text);
   // Draws the picture's operations [from, to) again, exactly as they were drawn.
   void repeat(size_t from, size_t to);
+  // Draws operations taken from a picture of this surface again, as they were drawn; the
+  // pen and text state are the caller's to set as that drawing left them.
+  void replay(const std::shared_ptr<const DrawnOps>& drawn);
 
   // Extent in the current Font, in board units. TextHeight is one line height for any
   // text without line ends, the empty text included.

@@ -1,0 +1,106 @@
+// A redraw copies the drawings of cells and links whose inputs stand, and hit testing takes
+// the boxes the redraw hands it. After each kind of change, both must leave what a program
+// that kept nothing leaves: the same lists, picture, canvas state and hits.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "board/board.h"
+#include "board_fixture.h"
+#include "core/record.h"
+#include "editing/hit_test.h"
+#include "test_support.h"
+
+namespace tavlero {
+namespace {
+
+struct Change {
+  const char* name;
+  void (*apply)(testing::FakeWorld&);
+};
+using testing::PrintTo;
+
+void setCellField(testing::FakeWorld& w, int16_t index, std::string_view key, const std::string& value) {
+  w.app.store.itemList.setList(index, setField(w.app.store.itemList.List(index), key, value));
+}
+
+const Change kChanges[] = {
+    {"nothing", [](testing::FakeWorld&) {}},
+    {"move", [](testing::FakeWorld& w) { setCellField(w, 1, key::positionX, " 140"); }},
+    {"rename", [](testing::FakeWorld& w) { setCellField(w, 2, key::methodName, "D"); }},
+    {"summary",
+     [](testing::FakeWorld& w) { setCellField(w, 0, key::shortDescription, "mye lengre nå, i linjer"); }},
+    {"recolour", [](testing::FakeWorld& w) { setCellField(w, 0, key::cellColor, " 65280"); }},
+    {"select cell", [](testing::FakeWorld& w) { w.app.store.selectedCell = 1; }},
+    {"select link", [](testing::FakeWorld& w) { w.app.store.selectedLink = 2; }},
+    {"pen", [](testing::FakeWorld& w) { w.canvas.ForeColor = 255; }},
+    {"zoom", [](testing::FakeWorld& w) { zoomIn(w.app); }},
+    {"zoom back", [](testing::FakeWorld& w) { zoomIn(w.app), zoomOut(w.app); }},
+    {"font size", [](testing::FakeWorld& w) { w.app.store.nameFontSize = 9; }},
+    {"metrics", [](testing::FakeWorld& w) { w.canvas.charWidth = 2; }},
+    {"add", [](testing::FakeWorld& w) { w.addCell("E", 200, 200, "ny"); }},
+    {"add a second B", [](testing::FakeWorld& w) { w.addCell("B", 200, 100, "tvilling"); }},
+    {"delete cell",
+     [](testing::FakeWorld& w) {
+       w.app.store.itemList.RemoveItem(1);
+       w.app.store.sizeList.RemoveItem(1);
+     }},
+    {"delete link",
+     [](testing::FakeWorld& w) {
+       w.app.store.linkList.RemoveItem(0);
+       w.app.store.linkSizeList.RemoveItem(0);
+     }},
+};
+
+class RedrawReuse : public ::testing::TestWithParam<Change> {};
+
+auto seen(testing::FakeWorld& w) {
+  std::vector<std::tuple<DrawKind, float, float, float, float, int32_t, int32_t, int16_t, int16_t, int16_t,
+                         std::string, float, bool>>
+      ops;
+  const DisplayList& image = w.canvas.Image();
+  for (uint32_t i : image.query({-1e9f, -1e9f, 1e9f, 1e9f})) {
+    const DrawOp& op = image.ops()[i];
+    bool text = op.kind == DrawKind::Text;
+    ops.emplace_back(op.kind, op.x1, op.y1, op.x2, op.y2, op.foreColor, op.fillColor, op.fillStyle,
+                     op.drawStyle, op.drawWidth, text ? image.text(op.text) : "",
+                     text ? image.font(op.font).Size : 0.0f, text && image.font(op.font).Bold);
+  }
+  std::vector<int16_t> hits;
+  for (float x = 0; x < 260; x += 3)
+    for (float y = 0; y < 260; y += 3)
+      hits.push_back(static_cast<int16_t>(findCellAt(w.app, x, y) * 100 + findLinkAt(w.app, x, y)));
+  const ProjectStore& s = w.app.store;
+  return std::make_tuple(ops, hits, s.itemList.items(), s.sizeList.items(), s.linkList.items(),
+                         s.linkSizeList.items(), w.canvas.Width(), w.canvas.Height(), w.canvas.CurrentX,
+                         w.canvas.CurrentY,
+                         w.canvas.Font == FontSpec{s.fontName, s.infoFontSize * s.zoomFactor, false});
+}
+
+TEST_P(RedrawReuse, LeavesWhatAFreshRedrawLeaves) {
+  testing::FakeWorld reused, fresh;
+  for (testing::FakeWorld* w : {&reused, &fresh}) {
+    w->addCell("A", 10, 10, "en tekst som brytes over linjer", 255);
+    w->addCell("B", 100, 10, "kort");
+    w->addCell("C", 10, 100, "", 16777215, 2);
+    w->addLinkRecord("A", "B"), w->addLinkRecord("B", "C"), w->addLinkRecord("C", "A");
+    redrawBoard(w->app);
+    findCellAt(w->app, 0, 0), findLinkAt(w->app, 0, 0);
+    GetParam().apply(*w);
+  }
+  fresh.app.drawingMemo = {};
+  fresh.app.cellHits = {};
+  fresh.app.linkHits = {};
+  redrawBoard(reused.app);
+  redrawBoard(fresh.app);
+  fresh.app.cellHits = {};
+  fresh.app.linkHits = {};
+  EXPECT_EQ(seen(reused), seen(fresh));
+}
+
+INSTANTIATE_TEST_SUITE_P(Changes, RedrawReuse, ::testing::ValuesIn(kChanges));
+
+}  // namespace
+}  // namespace tavlero
