@@ -20,7 +20,6 @@ struct Change {
   const char* name;
   void (*apply)(testing::FakeWorld&);
 };
-using testing::PrintTo;
 
 void setCellField(testing::FakeWorld& w, int16_t index, std::string_view key, const std::string& value) {
   w.app.store.itemList.setList(index, setField(w.app.store.itemList.List(index), key, value));
