@@ -285,7 +285,48 @@ void updateNames(DrawingMemo& memo, const std::vector<CellDrawing>& drawings, bo
     at->second = static_cast<int16_t>(i);
     moved = moved || !isNew;
   }
-  if (moved) ++memo.namesGeneration;
+  if (moved) {
+    ++memo.namesGeneration;
+    memo.removedCell = -1;
+  }
+}
+
+// The names index after cell index alone left the list: the cells behind it move down one,
+// and its name falls back to the last cell before it of that name, if any.
+void removeName(DrawingMemo& memo, int16_t index) {
+  const auto at = static_cast<size_t>(index);
+  const std::string name = std::move(memo.cellNames[at]);
+  memo.cellNames.erase(memo.cellNames.begin() + static_cast<ptrdiff_t>(at));
+  for (auto& entry : memo.lastCellNamed)
+    if (entry.second > index) --entry.second;
+  auto it = memo.lastCellNamed.find(name);
+  if (it->second == index) {
+    auto before = std::find(memo.cellNames.rbegin() + static_cast<ptrdiff_t>(memo.cellNames.size() - at),
+                            memo.cellNames.rend(), name);
+    if (before == memo.cellNames.rend())
+      memo.lastCellNamed.erase(it);
+    else
+      it->second = static_cast<int16_t>(memo.cellNames.rend() - before - 1);
+  }
+  ++memo.namesGeneration;
+  memo.removedCell = index;
+}
+
+// A link's cells as the names index gives them now, from where they were found one
+// removal ago when that can tell; false when one of them is gone.
+bool findLinkCells(App& app, LinkDrawing& d) {
+  const DrawingMemo& memo = app.drawingMemo;
+  const int16_t removed = memo.removedCell;
+  if (removed >= 0 && d.names + 1 == memo.namesGeneration && d.source != removed && d.target != removed) {
+    d.source = static_cast<int16_t>(d.source - (d.source > removed ? 1 : 0));
+    d.target = static_cast<int16_t>(d.target - (d.target > removed ? 1 : 0));
+  } else {
+    d.source = lastCellNamed(app.store, &memo, d.ends.source);
+    d.target = lastCellNamed(app.store, &memo, d.ends.target);
+    if (d.source < 0 || d.target < 0) return false;
+  }
+  d.names = memo.namesGeneration;
+  return true;
 }
 
 // Whether the link's last drawing still holds: the same record, cells of the same boxes
@@ -295,12 +336,7 @@ bool linkStillHolds(App& app, const DrawingMemo::Drawings& set, LinkDrawing& d, 
   DrawingMemo& memo = app.drawingMemo;
   if (!d.valid || (set.linksSeen.records != app.store.linkList.revision() && d.record != record))
     return false;
-  if (d.names != memo.namesGeneration) {
-    d.source = lastCellNamed(app.store, &memo, d.ends.source);
-    d.target = lastCellNamed(app.store, &memo, d.ends.target);
-    if (d.source < 0 || d.target < 0) return false;
-    d.names = memo.namesGeneration;
-  }
+  if (d.names != memo.namesGeneration && !findLinkCells(app, d)) return false;
   const auto source = static_cast<size_t>(d.source);
   const auto target = static_cast<size_t>(d.target);
   const ParsedCell& fill = set.cells[source].cell;
@@ -352,6 +388,12 @@ void drawCell(App& app, int16_t index) {
   paintCell(app, index, parseCell(app.store.itemList.List(index)));
 }
 
+bool cellNamed(const App& app, const std::string& name) {
+  const DrawingMemo& memo = app.drawingMemo;
+  const bool current = memo.namesRevision == app.store.itemList.revision();
+  return lastCellNamed(app.store, current ? &memo : nullptr, name) >= 0;
+}
+
 void drawLink(App& app, int16_t index) {
   drawLinkWith(app, index, readLink(app.store.linkList.List(index)), nullptr);
 }
@@ -381,23 +423,35 @@ void redrawBoard(App& app) {
   // The boxes as reading sizeList gives them, for the links.
   std::vector<Box> boxes(cellCount);
   const size_t named = memo.cellNames.size();
-  bool renamed = named > cellCount;
+  bool renamed = false;
+  // Cells taken out of the list, as their drawings followed them; the names follow one.
+  size_t removed = 0;
+  int16_t removedAt = -1;
   for (int16_t i = 0; i < cells; ++i) {
     const std::string& record = store.itemList.List(i);
+    const size_t kept = drawings.size();
     CellDrawing& d = drawingAt(drawings, cellCount, static_cast<size_t>(i), record);
+    if (drawings.size() < kept) {
+      removed += kept - drawings.size();
+      removedAt = i;
+    }
     StartPen pen = penOf(canvas, i == store.selectedCell);
     if (d.valid && d.pen == pen && (recordsStand || d.record == record))
       drawCellFromMemo(app, i, d, geometryStands);
     else
       drawCellAfresh(app, i, record, pen, d);
-    renamed =
-        renamed || (static_cast<size_t>(i) < named && memo.cellNames[static_cast<size_t>(i)] != d.cell.name);
+    const size_t was = static_cast<size_t>(i) + removed;
+    renamed = renamed || (was < named && memo.cellNames[was] != d.cell.name);
     boxes[static_cast<size_t>(i)] = d.cell.name.empty() ? readBox(store.sizeList.List(i)) : d.box;
   }
   drawings.resize(cellCount);
   const size_t lastCellOp = canvas.Image().size();
   // Drawing never renames a cell, so one index of the names serves every link of this redraw.
-  if (renamed || named < cellCount) updateNames(memo, drawings, renamed);
+  renamed = renamed || named > cellCount + removed || removed > 1 ||
+            (removed == 1 && static_cast<size_t>(removedAt) >= named);
+  if (!renamed && removed == 1) removeName(memo, removedAt);
+  if (renamed || memo.cellNames.size() < cellCount) updateNames(memo, drawings, renamed);
+  memo.namesRevision = store.itemList.revision();
   int16_t links = store.linkList.ListCount();
   for (int16_t i = 0; i < links; ++i) drawLinkInRedraw(app, set, i, boxes);
   if (store.doubleDraw) {

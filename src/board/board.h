@@ -2,6 +2,7 @@
 // Painting of cells and links, the whole-board redraw and the zoom.
 
 #include <cstdint>
+#include <string>
 
 #include "core/app.h"
 
@@ -13,6 +14,9 @@ void drawCell(App& app, int16_t index);
 // Paints link index between its cells and writes its geometry record into
 // linkSizeList; blanks the link when one of its cells is gone.
 void drawLink(App& app, int16_t index);
+
+// Whether any cell has the name; from the last redraw's names while the cells stand.
+bool cellNamed(const App& app, const std::string& name);
 
 // Side code of the target seen from the source: 0 above, 1 right, 2 below, 3 left.
 int16_t linkDirection(float sourceX, float sourceY, float targetX, float targetY);

@@ -100,6 +100,11 @@ struct DrawingMemo {
   std::vector<std::string> cellNames;
   std::unordered_map<std::string, int16_t> lastCellNamed;
   uint64_t namesGeneration = 0;
+  // The cell whose removal alone made this generation, or -1: a link found one generation
+  // before, not at that cell, moves down past it instead of being looked up again.
+  int16_t removedCell = -1;
+  // The revision of itemList the names were last taken from.
+  uint64_t namesRevision = UINT64_MAX;
 };
 
 }  // namespace tavlero

@@ -23,17 +23,11 @@ void showError(App& app, const std::string& text) {
   app.platform.ui.Beep();
 }
 
-bool nameExists(const ProjectStore& store, const std::string& name) {
-  for (const std::string& record : store.itemList.items())
-    if (getField(record, key::methodName) == name) return true;
-  return false;
-}
-
 // True when the cell was added; false, with the dialog still open, when it was refused.
 bool addCell(App& app, const MethodFormView& form) {
   ProjectStore& store = app.store;
   std::string name = form.methodName();
-  if (nameExists(store, name)) {
+  if (cellNamed(app, name)) {
     showError(app, "Feil:Navnet eksisterer allerede! Bytt navn...");
     return false;
   }
@@ -60,7 +54,8 @@ void editCell(App& app, const MethodFormView& form) {
   std::string newName = form.methodName();
   // The links follow the name first, while the old record still tells what it was;
   // otherwise the next redraw would sweep them out as links to a missing cell.
-  for (int16_t i = 0; i < store.linkList.ListCount(); ++i) {
+  // The same name leaves every link as it is.
+  for (int16_t i = 0; i < store.linkList.ListCount() && newName != oldName; ++i) {
     renameInLink(store.linkList, i, key::linkSource, oldName, newName);
     renameInLink(store.linkList, i, key::linkTarget, oldName, newName);
   }
