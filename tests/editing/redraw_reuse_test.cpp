@@ -46,6 +46,13 @@ const Change kChanges[] = {
        w.app.store.itemList.RemoveItem(1);
        w.app.store.sizeList.RemoveItem(1);
      }},
+    {"delete the later B",
+     [](testing::FakeWorld& w) {
+       w.addCell("B", 200, 100, "tvilling"), w.addCell("E", 200, 200, "ny");
+       redrawBoard(w.app);
+       w.app.store.itemList.RemoveItem(3);
+       w.app.store.sizeList.RemoveItem(3);
+     }},
     {"delete link",
      [](testing::FakeWorld& w) {
        w.app.store.linkList.RemoveItem(0);
