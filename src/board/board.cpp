@@ -453,7 +453,13 @@ void redrawBoard(App& app) {
   if (renamed || memo.cellNames.size() < cellCount) updateNames(memo, drawings, renamed);
   memo.namesRevision = store.itemList.revision();
   int16_t links = store.linkList.ListCount();
-  for (int16_t i = 0; i < links; ++i) drawLinkInRedraw(app, set, i, boxes);
+  for (int16_t i = 0; i < links; ++i) {
+    const DrawingMemo::Seen before{store.linkList.revision(), store.linkSizeList.revision()};
+    drawLinkInRedraw(app, set, i, boxes);
+    // A link writes only its own entries, so what stood for the links behind it still does.
+    if (set.linksSeen.records == before.records) set.linksSeen.records = store.linkList.revision();
+    if (set.linksSeen.geometry == before.geometry) set.linksSeen.geometry = store.linkSizeList.revision();
+  }
   if (store.doubleDraw) {
     // The cells over the links. Links change no record of a cell, and leave the pen as
     // the cells found it, so the cells' operations come out as they did the first time
