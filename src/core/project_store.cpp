@@ -19,11 +19,11 @@ const std::string& StringList::List(int16_t index) const {
   return items_[static_cast<size_t>(index)];
 }
 
-void StringList::setList(int16_t index, std::string text) {
+void StringList::setList(int16_t index, std::string_view text) {
   if (index < 0 || index >= ListCount()) return;
   std::string& item = items_[static_cast<size_t>(index)];
   if (item == text) return;
-  item = std::move(text);
+  item.assign(text);
   changed();
 }
 

@@ -45,7 +45,8 @@ class StringList {
   // An index outside the list reads as the empty string and is ignored on writing,
   // so that a stale index can never reach outside the list.
   const std::string& List(int16_t index) const;
-  void setList(int16_t index, std::string text);
+  // The entry keeps its own storage, so that writing a record of about its old size allocates nothing.
+  void setList(int16_t index, std::string_view text);
   // False, and nothing added, when the list already holds kMaxCount entries.
   bool AddItem(std::string text);
   void RemoveItem(int16_t index);
