@@ -29,8 +29,8 @@ ParsedCell parseCell(const std::string& record) {
 // The last cell of a name, from the redraw's index or, for a link drawn alone, by a walk.
 int16_t lastCellNamed(const ProjectStore& store, const DrawingMemo* memo, const std::string& name) {
   if (memo) {
-    auto it = memo->lastCellNamed.find(name);
-    return it == memo->lastCellNamed.end() ? int16_t{-1} : it->second;
+    auto it = memo->nameSlots.find(name);
+    return it == memo->nameSlots.end() ? int16_t{-1} : memo->lastCellOf[it->second];
   }
   int16_t found = -1;
   const auto& items = store.itemList.items();
@@ -276,13 +276,15 @@ void updateNames(DrawingMemo& memo, const std::vector<CellDrawing>& drawings, bo
   if (renamed) {
     from = 0;
     memo.cellNames.clear();
-    memo.lastCellNamed.clear();
+    memo.nameSlots.clear();
+    memo.lastCellOf.clear();
   }
   memo.cellNames.resize(drawings.size());
   for (size_t i = from; i < drawings.size(); ++i) {
     memo.cellNames[i] = drawings[i].cell.name;
-    auto [at, isNew] = memo.lastCellNamed.try_emplace(memo.cellNames[i], static_cast<int16_t>(i));
-    at->second = static_cast<int16_t>(i);
+    auto [at, isNew] = memo.nameSlots.try_emplace(memo.cellNames[i], memo.lastCellOf.size());
+    if (isNew) memo.lastCellOf.emplace_back();
+    memo.lastCellOf[at->second] = static_cast<int16_t>(i);
     moved = moved || !isNew;
   }
   if (moved) {
@@ -297,16 +299,13 @@ void removeName(DrawingMemo& memo, int16_t index) {
   const auto at = static_cast<size_t>(index);
   const std::string name = std::move(memo.cellNames[at]);
   memo.cellNames.erase(memo.cellNames.begin() + static_cast<ptrdiff_t>(at));
-  for (auto& entry : memo.lastCellNamed)
-    if (entry.second > index) --entry.second;
-  auto it = memo.lastCellNamed.find(name);
-  if (it->second == index) {
+  for (int16_t& last : memo.lastCellOf)
+    if (last > index) --last;
+  int16_t& last = memo.lastCellOf[memo.nameSlots.find(name)->second];
+  if (last == index) {
     auto before = std::find(memo.cellNames.rbegin() + static_cast<ptrdiff_t>(memo.cellNames.size() - at),
                             memo.cellNames.rend(), name);
-    if (before == memo.cellNames.rend())
-      memo.lastCellNamed.erase(it);
-    else
-      it->second = static_cast<int16_t>(memo.cellNames.rend() - before - 1);
+    last = static_cast<int16_t>(memo.cellNames.rend() - before - 1);
   }
   ++memo.namesGeneration;
   memo.removedCell = index;

@@ -98,7 +98,10 @@ struct DrawingMemo {
   // The cells' names by index and the last index of each name, as the links look them up;
   // made again only when a name or the count changes, which moves the generation on.
   std::vector<std::string> cellNames;
-  std::unordered_map<std::string, int16_t> lastCellNamed;
+  // Each name's place in lastCellOf, which a removal walks as plain numbers; -1 there
+  // when no cell has the name any more.
+  std::unordered_map<std::string, size_t> nameSlots;
+  std::vector<int16_t> lastCellOf;
   uint64_t namesGeneration = 0;
   // The cell whose removal alone made this generation, or -1: a link found one generation
   // before, not at that cell, moves down past it instead of being looked up again.
