@@ -3,6 +3,7 @@
 // that kept nothing leaves: the same lists, picture, canvas state and hits.
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -20,6 +21,10 @@ struct Change {
   const char* name;
   void (*apply)(testing::FakeWorld&);
 };
+// Names the case in the test's name, where the bytes of the pointers would change every build.
+void PrintTo(const Change& change, std::ostream* out) {
+  *out << change.name;
+}
 
 void setCellField(testing::FakeWorld& w, int16_t index, std::string_view key, const std::string& value) {
   w.app.store.itemList.setList(index, setField(w.app.store.itemList.List(index), key, value));
