@@ -11,6 +11,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <ostream>
 #include <set>
 #include <thread>
 #include <tuple>
@@ -38,6 +39,10 @@ struct RuleCase {
   FileError error;
   Way way;
 };
+// The case's name, where the bytes of its pointer would change every build.
+void PrintTo(const RuleCase& rule, std::ostream* out) {
+  *out << rule.name;
+}
 
 const RuleCase kRuleCases[] = {
     {"PlainFile", Shape::File, 0640, 0, 0, 0777, false, FileError::None, Way::Replaced},
