@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Runs the real program from build/bin under Xvfb on a plan, waits for its window, runs the
 # given shell commands with the window's id in $window, and leaves through the menu (Fil,
-# Avslutt). The program runs from a folder of its own, so its settings file lands there.
+# Avslutt), answering "Nei" if it asks whether to save a changed plan. The program runs from
+# a folder of its own, so its settings file lands there.
 # Usage: scripts/in-window.sh PLAN.tvl 'COMMANDS'
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -22,6 +23,8 @@ xdotool windowfocus --sync "$window"
 sleep 0.5
 eval "$3"
 xdotool windowfocus --sync "$window" key alt+f && sleep 0.5 && xdotool key a
+sleep 0.5
+kill -0 "$pid" 2>/dev/null && xdotool key alt+n
 for _ in $(seq 100); do kill -0 "$pid" 2>/dev/null && sleep 0.1; done
 kill -0 "$pid" 2>/dev/null && { echo "FAIL: the program did not end" >&2; kill "$pid"; exit 1; }
 wait "$pid"
