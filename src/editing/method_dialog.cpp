@@ -18,6 +18,17 @@ void renameInLink(StringList& links, int16_t index, std::string_view field, cons
   if (getField(record, field) == oldName) links.setList(index, setField(record, field, newName));
 }
 
+// The links as the last redraw read them, while no link record has changed since; else
+// null, and each link is read from its text.
+const std::vector<LinkDrawing>* linksAsDrawn(const App& app) {
+  const std::vector<DrawingMemo::Drawings>& contexts = app.drawingMemo.contexts;
+  const StringList& links = app.store.linkList;
+  if (contexts.empty() || contexts.front().linksSeen.records != links.revision() ||
+      contexts.front().links.size() != static_cast<size_t>(links.ListCount()))
+    return nullptr;
+  return &contexts.front().links;
+}
+
 void showError(App& app, const std::string& text) {
   app.addMethodForm->setErrorLabel(text, true);
   app.platform.ui.Beep();
@@ -55,7 +66,12 @@ void editCell(App& app, const MethodFormView& form) {
   // The links follow the name first, while the old record still tells what it was;
   // otherwise the next redraw would sweep them out as links to a missing cell.
   // The same name leaves every link as it is.
+  const std::vector<LinkDrawing>* drawn = linksAsDrawn(app);
   for (int16_t i = 0; i < store.linkList.ListCount() && newName != oldName; ++i) {
+    // A link that names neither end by the old name stays as it is, and a link whose
+    // record the last redraw read says so without a search through the text.
+    const LinkDrawing* known = drawn ? &(*drawn)[static_cast<size_t>(i)] : nullptr;
+    if (known && known->valid && known->ends.source != oldName && known->ends.target != oldName) continue;
     renameInLink(store.linkList, i, key::linkSource, oldName, newName);
     renameInLink(store.linkList, i, key::linkTarget, oldName, newName);
   }
