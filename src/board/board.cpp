@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "board/cell_text.h"
@@ -289,8 +290,33 @@ void updateNames(DrawingMemo& memo, const std::vector<CellDrawing>& drawings, bo
   }
   if (moved) {
     ++memo.namesGeneration;
-    memo.removedCell = -1;
+    memo.removedCell = memo.renamedCell = -1;
   }
+}
+
+// The last cell of name before index, or -1.
+int16_t lastNamedBefore(const std::vector<std::string>& names, size_t index, const std::string& name) {
+  auto before = std::find(names.rbegin() + static_cast<ptrdiff_t>(names.size() - index), names.rend(), name);
+  return static_cast<int16_t>(names.rend() - before - 1);
+}
+
+// The names index after cell index alone took a new name where it stands: its old name
+// falls back to the last cell before it of that name, if any, and the new one is its
+// own unless a later cell has it too.
+void renameName(DrawingMemo& memo, int16_t index, const std::string& name) {
+  const auto at = static_cast<size_t>(index);
+  std::string old = std::exchange(memo.cellNames[at], name);
+  int16_t& oldLast = memo.lastCellOf[memo.nameSlots.find(old)->second];
+  if (oldLast == index) oldLast = lastNamedBefore(memo.cellNames, at, old);
+  auto [slot, isNew] = memo.nameSlots.try_emplace(name, memo.lastCellOf.size());
+  if (isNew) memo.lastCellOf.push_back(index);
+  int16_t& newLast = memo.lastCellOf[slot->second];
+  newLast = std::max(newLast, index);
+  ++memo.namesGeneration;
+  memo.removedCell = -1;
+  memo.renamedCell = index;
+  memo.renamedFrom = std::move(old);
+  memo.renamedTo = name;
 }
 
 // The names index after cell index alone left the list: the cells behind it move down one,
@@ -302,23 +328,26 @@ void removeName(DrawingMemo& memo, int16_t index) {
   for (int16_t& last : memo.lastCellOf)
     if (last > index) --last;
   int16_t& last = memo.lastCellOf[memo.nameSlots.find(name)->second];
-  if (last == index) {
-    auto before = std::find(memo.cellNames.rbegin() + static_cast<ptrdiff_t>(memo.cellNames.size() - at),
-                            memo.cellNames.rend(), name);
-    last = static_cast<int16_t>(memo.cellNames.rend() - before - 1);
-  }
+  if (last == index) last = lastNamedBefore(memo.cellNames, at, name);
   ++memo.namesGeneration;
   memo.removedCell = index;
+  memo.renamedCell = -1;
 }
 
 // A link's cells as the names index gives them now, from where they were found one
-// removal ago when that can tell; false when one of them is gone.
+// removal or rename ago when that can tell; false when one of them is gone.
 bool findLinkCells(App& app, LinkDrawing& d) {
   const DrawingMemo& memo = app.drawingMemo;
   const int16_t removed = memo.removedCell;
-  if (removed >= 0 && d.names + 1 == memo.namesGeneration && d.source != removed && d.target != removed) {
+  const bool oneChangeAgo = d.names + 1 == memo.namesGeneration;
+  auto untouched = [&memo](const std::string& end) {
+    return end != memo.renamedFrom && end != memo.renamedTo;
+  };
+  if (oneChangeAgo && removed >= 0 && d.source != removed && d.target != removed) {
     d.source = static_cast<int16_t>(d.source - (d.source > removed ? 1 : 0));
     d.target = static_cast<int16_t>(d.target - (d.target > removed ? 1 : 0));
+  } else if (oneChangeAgo && memo.renamedCell >= 0 && untouched(d.ends.source) && untouched(d.ends.target)) {
+    // Neither name the rename touched: both cells stay where they were found.
   } else {
     d.source = lastCellNamed(app.store, &memo, d.ends.source);
     d.target = lastCellNamed(app.store, &memo, d.ends.target);
@@ -422,7 +451,9 @@ void redrawBoard(App& app) {
   // The boxes as reading sizeList gives them, for the links.
   std::vector<Box> boxes(cellCount);
   const size_t named = memo.cellNames.size();
-  bool renamed = false;
+  // Cells whose name changed where they stand, and the last of them.
+  size_t renames = 0;
+  int16_t renamedAt = -1;
   // Cells taken out of the list, as their drawings followed them; the names follow one.
   size_t removed = 0;
   int16_t removedAt = -1;
@@ -440,15 +471,20 @@ void redrawBoard(App& app) {
     else
       drawCellAfresh(app, i, record, pen, d);
     const size_t was = static_cast<size_t>(i) + removed;
-    renamed = renamed || (was < named && memo.cellNames[was] != d.cell.name);
+    if (was < named && memo.cellNames[was] != d.cell.name) {
+      ++renames;
+      renamedAt = i;
+    }
     boxes[static_cast<size_t>(i)] = d.cell.name.empty() ? readBox(store.sizeList.List(i)) : d.box;
   }
   drawings.resize(cellCount);
   const size_t lastCellOp = canvas.Image().size();
   // Drawing never renames a cell, so one index of the names serves every link of this redraw.
-  renamed = renamed || named > cellCount + removed || removed > 1 ||
-            (removed == 1 && static_cast<size_t>(removedAt) >= named);
+  const bool renamed = (renames > 0 && removed > 0) || renames > 1 || named > cellCount + removed ||
+                       removed > 1 || (removed == 1 && static_cast<size_t>(removedAt) >= named);
   if (!renamed && removed == 1) removeName(memo, removedAt);
+  if (!renamed && renames == 1)
+    renameName(memo, renamedAt, drawings[static_cast<size_t>(renamedAt)].cell.name);
   if (renamed || memo.cellNames.size() < cellCount) updateNames(memo, drawings, renamed);
   memo.namesRevision = store.itemList.revision();
   int16_t links = store.linkList.ListCount();

@@ -106,6 +106,11 @@ struct DrawingMemo {
   // The cell whose removal alone made this generation, or -1: a link found one generation
   // before, not at that cell, moves down past it instead of being looked up again.
   int16_t removedCell = -1;
+  // Likewise the cell whose new name alone made it, with the name it had and has: a link
+  // naming neither keeps its cells.
+  int16_t renamedCell = -1;
+  std::string renamedFrom;
+  std::string renamedTo;
   // The revision of itemList the names were last taken from.
   uint64_t namesRevision = UINT64_MAX;
 };

@@ -11,6 +11,7 @@
 #include "board/board.h"
 #include "board_fixture.h"
 #include "core/record.h"
+#include "core/records.h"
 #include "editing/hit_test.h"
 #include "test_support.h"
 
@@ -34,6 +35,19 @@ const Change kChanges[] = {
     {"nothing", [](testing::FakeWorld&) {}},
     {"move", [](testing::FakeWorld& w) { setCellField(w, 1, key::positionX, " 140"); }},
     {"rename", [](testing::FakeWorld& w) { setCellField(w, 2, key::methodName, "D"); }},
+    {"rename to B", [](testing::FakeWorld& w) { setCellField(w, 2, key::methodName, "B"); }},
+    {"rename with its links",
+     [](testing::FakeWorld& w) {
+       setCellField(w, 2, key::methodName, "D");
+       w.app.store.linkList.setList(1, buildLink("B", "D")),
+           w.app.store.linkList.setList(2, buildLink("D", "A"));
+     }},
+    {"rename the later B",
+     [](testing::FakeWorld& w) {
+       w.addCell("B", 200, 100, "tvilling");
+       redrawBoard(w.app);
+       setCellField(w, 3, key::methodName, "E");
+     }},
     {"summary",
      [](testing::FakeWorld& w) { setCellField(w, 0, key::shortDescription, "mye lengre nå, i linjer"); }},
     {"recolour", [](testing::FakeWorld& w) { setCellField(w, 0, key::cellColor, " 65280"); }},
