@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstring>
 
 namespace tavlero {
@@ -27,10 +28,12 @@ uint64_t bucketKey(int64_t bx, int64_t by) {
 
 int16_t GeometryIndex::find(const StringList& list, Shape shape, Test test, float x, float y) {
   if (list.revision() != revision_ || list.ListCount() != count_) {
-    std::vector<Box> boxes;
-    boxes.reserve(list.items().size());
-    for (const std::string& record : list.items()) boxes.push_back(readBox(record));
-    adopt(list, std::move(boxes));
+    if (!readWritten(list)) {
+      std::vector<Box> boxes;
+      boxes.reserve(list.items().size());
+      for (const std::string& record : list.items()) boxes.push_back(readBox(record));
+      adopt(list, std::move(boxes));
+    }
   }
   if (!shaped_) update(shape);
   int16_t found = -1;
@@ -39,6 +42,23 @@ int16_t GeometryIndex::find(const StringList& list, Shape shape, Test test, floa
   int16_t wide = firstAccepted(wide_, test, x, y);
   if (wide != -1 && (found == -1 || wide < found)) found = wide;
   return found;
+}
+
+// A link made with Shift and a click writes two entries: the rest need not be read again.
+bool GeometryIndex::readWritten(const StringList& list) {
+  std::vector<int16_t> written;
+  if (count_ < 0 || !list.writtenSince(revision_, written)) return false;
+  for (int16_t index : written) {
+    const auto at = static_cast<size_t>(index);
+    if (at > read_.size()) return false;
+    if (at == read_.size()) read_.emplace_back();
+    read_[at] = readBox(list.List(index));
+  }
+  if (read_.size() != list.items().size()) return false;
+  revision_ = list.revision();
+  count_ = list.ListCount();
+  shaped_ = false;
+  return true;
 }
 
 void GeometryIndex::adopt(const StringList& list, std::vector<Box> boxes) {
@@ -57,20 +77,21 @@ int16_t GeometryIndex::firstAccepted(const std::vector<int16_t>& indices, Test t
 void GeometryIndex::update(Shape shape) {
   std::vector<Box> shaped = shape ? shape(read_) : read_;
   shaped_ = true;
-  if (shaped.size() == entries_.size()) {
-    // Bitwise, so that a NaN, which no grid holds, never counts as moved.
-    for (size_t i = 0; i < shaped.size(); ++i) {
-      if (std::memcmp(&shaped[i], &entries_[i], sizeof(Box)) == 0) continue;
-      place(static_cast<int16_t>(i), false);
-      entries_[i] = shaped[i];
-      place(static_cast<int16_t>(i), true);
-    }
-    return;
+  if (shaped.size() < entries_.size()) {
+    entries_.clear();
+    buckets_.clear();
+    wide_.clear();
   }
-  entries_ = std::move(shaped);
-  buckets_.clear();
-  wide_.clear();
-  for (size_t i = 0; i < entries_.size(); ++i) place(static_cast<int16_t>(i), true);
+  // Bitwise, so that a NaN, which no grid holds, never counts as moved.
+  const size_t kept = entries_.size();
+  for (size_t i = 0; i < kept; ++i) {
+    if (std::memcmp(&shaped[i], &entries_[i], sizeof(Box)) == 0) continue;
+    place(static_cast<int16_t>(i), false);
+    entries_[i] = shaped[i];
+    place(static_cast<int16_t>(i), true);
+  }
+  entries_.insert(entries_.end(), shaped.begin() + static_cast<ptrdiff_t>(kept), shaped.end());
+  for (size_t i = kept; i < entries_.size(); ++i) place(static_cast<int16_t>(i), true);
 }
 
 // Adds the entry to, or takes it from, the buckets its box covers, keeping each in order.

@@ -29,6 +29,9 @@ class GeometryIndex {
   void adopt(const StringList& list, std::vector<Box> boxes);
 
  private:
+  // Takes the boxes of the entries written since revision_ alone; false when the list
+  // cannot tell which they were.
+  bool readWritten(const StringList& list);
   int16_t firstAccepted(const std::vector<int16_t>& indices, Test test, float x, float y) const;
   void update(Shape shape);
   void place(int16_t index, bool add);

@@ -11,7 +11,17 @@ const std::string kEmpty;
 }  // namespace
 
 void StringList::changed() {
-  ++revision_;
+  loggedFrom_ = ++revision_;
+}
+
+void StringList::changedAt(size_t index) {
+  written_[++revision_ % kLogged] = static_cast<int16_t>(index);
+}
+
+bool StringList::writtenSince(uint64_t revision, std::vector<int16_t>& indices) const {
+  if (revision < loggedFrom_ || revision > revision_ || revision_ - revision > kLogged) return false;
+  for (uint64_t r = revision + 1; r <= revision_; ++r) indices.push_back(written_[r % kLogged]);
+  return true;
 }
 
 const std::string& StringList::List(int16_t index) const {
@@ -24,13 +34,13 @@ void StringList::setList(int16_t index, std::string_view text) {
   std::string& item = items_[static_cast<size_t>(index)];
   if (item == text) return;
   item.assign(text);
-  changed();
+  changedAt(static_cast<size_t>(index));
 }
 
 bool StringList::AddItem(std::string text) {
   if (items_.size() >= static_cast<size_t>(kMaxCount)) return false;
   items_.push_back(std::move(text));
-  changed();
+  changedAt(items_.size() - 1);
   return true;
 }
 

@@ -3,6 +3,7 @@
 // table of long descriptions, the project's name and description, and the program
 // variables. One instance lives as long as the program.
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -60,12 +61,20 @@ class StringList {
   // Grows with every change of the content, so that data derived from this list can tell
   // whether it still holds. Writing an entry with the text it already has is no change.
   uint64_t revision() const { return revision_; }
+  // The entries that the changes since revision wrote or appended, one each, oldest first;
+  // false when one of them was of another kind (a removal, a new content) or is too long
+  // ago to tell.
+  bool writtenSince(uint64_t revision, std::vector<int16_t>& indices) const;
 
  private:
   void changed();
+  void changedAt(size_t index);
 
+  static constexpr size_t kLogged = 16;
   std::vector<std::string> items_;
   uint64_t revision_ = 0;
+  std::array<int16_t, kLogged> written_{};  // the entry that made each revision, by revision % kLogged
+  uint64_t loggedFrom_ = 0;                 // every change after this revision is in written_
 };
 
 class ProjectStore {

@@ -49,5 +49,37 @@ TEST(FindCellAtBoard, OverlappingCellsFollowTheRedraw) {
   EXPECT_EQ(std::tuple(findCellAt(world.app, 215, 12), findCellAt(world.app, 1005, 12)), std::tuple(-1, 0));
 }
 
+// Link boxes written or appended one at a time after a search are read alone. The answers
+// stay a fresh index's: with the widening that an earlier reversed link passes on to the
+// later ones, past the changes the list keeps count of, and after a removal.
+TEST(FindLinkAtBoard, EntriesWrittenAloneAnswerAsAFreshIndex) {
+  FakeWorld world;
+  StringList& links = world.app.store.linkSizeList;
+  unsigned seed = 7;
+  auto next = [&seed](int range) {
+    return static_cast<float>((seed = seed * 1103515245u + 12345u) >> 16) / 65536 * static_cast<float>(range);
+  };
+  auto line = [&] {
+    return buildGeometry(numberToText(next(300)), numberToText(next(300)), numberToText(next(300)),
+                         numberToText(next(300)));
+  };
+  for (int i = 0; i < 8; ++i) links.AddItem(line());
+  const std::string changes[] = {"write", "append", "write", "append", "writes", "remove", "write"};
+  for (const std::string& change : changes) {
+    findLinkAt(world.app, 0, 0);
+    if (change == "write") links.setList(static_cast<int16_t>(next(links.ListCount())), line());
+    if (change == "append") links.AddItem(line()), links.setList(links.ListCount() - 1, line());
+    for (int i = 0; change == "writes" && i < 40; ++i)
+      links.setList(static_cast<int16_t>(next(links.ListCount())), line());
+    if (change == "remove") links.RemoveItem(2);
+    FakeWorld fresh;
+    fresh.app.store.linkSizeList = links;
+    for (float x = 0; x < 300; x += 4)
+      for (float y = 0; y < 300; y += 4)
+        ASSERT_EQ(findLinkAt(world.app, x, y), findLinkAt(fresh.app, x, y))
+            << change << " at " << x << "," << y;
+  }
+}
+
 }  // namespace
 }  // namespace tavlero::testing
