@@ -65,7 +65,9 @@ struct FoundCells {
   int16_t fillStyle = 0;
 };
 
-FoundCells drawLinkWith(App& app, int16_t index, const LinkEnds& ends, const DrawingMemo* memo) {
+// boxes: the cells' boxes as sizeList reads, when the caller has them.
+FoundCells drawLinkWith(App& app, int16_t index, const LinkEnds& ends, const DrawingMemo* memo,
+                        const std::vector<Box>* boxes = nullptr) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
   FoundCells found;
@@ -81,8 +83,8 @@ FoundCells drawLinkWith(App& app, int16_t index, const LinkEnds& ends, const Dra
     return found;
   }
 
-  Box s = readBox(store.sizeList.List(source));
-  Box t = readBox(store.sizeList.List(target));
+  Box s = boxes ? (*boxes)[static_cast<size_t>(source)] : readBox(store.sizeList.List(source));
+  Box t = boxes ? (*boxes)[static_cast<size_t>(target)] : readBox(store.sizeList.List(target));
   int16_t keptWidth = canvas.DrawWidth();
   canvas.DrawStyle = 1;
   canvas.setDrawWidth(1);
@@ -365,7 +367,7 @@ void drawLinkInRedraw(App& app, DrawingMemo::Drawings& set, int16_t index, const
   d.record = record;
   d.ends = readLink(record);
   size_t from = canvas.Image().size();
-  FoundCells found = drawLinkWith(app, index, d.ends, &memo);
+  FoundCells found = drawLinkWith(app, index, d.ends, &memo, &boxes);
   if (!found.drawn) return;
   d.names = memo.namesGeneration;
   d.source = found.source;
