@@ -159,8 +159,7 @@ QtSurface::MeasuredFont& QtSurface::measured() {
   if (it != fonts_.end()) return *it;
   if (fonts_.size() >= kFontCacheSize) fonts_.erase(fonts_.begin());
   const QFont font = boardFont(Font, dpi_, device_);
-  MeasuredFont& added =
-      fonts_.emplace_back(MeasuredFont{Font, QFontMetricsF(font, &device_), false, {}, {}, {}});
+  MeasuredFont& added = fonts_.emplace_back(MeasuredFont{Font, QFontMetricsF(font, &device_)});
   added.pairwise = shapesPairwise(font);
   if (added.pairwise) {
     added.advances.assign(256, kUnknown);
@@ -220,7 +219,7 @@ float QtSurface::TextWidth(const std::string& text) {
 float QtSurface::TextHeight(const std::string& text) {
   int lines = 0;
   forEachLine(text, [&](std::string_view) { ++lines; });
-  return static_cast<float>(lines * measured().metrics.height() / pixelsPerUnitY());
+  return static_cast<float>(lines * measured().height / pixelsPerUnitY());
 }
 
 void QtSurface::SetFocus() {
