@@ -154,8 +154,10 @@ int QtSurface::MeasureDevice::metric(PaintDeviceMetric metric) const {
 
 QtSurface::MeasuredFont& QtSurface::measured() {
   // Cells switch between two fonts all the time; building metrics is costly.
-  auto it =
-      std::find_if(fonts_.begin(), fonts_.end(), [&](const MeasuredFont& f) { return f.fontSpec == Font; });
+  // The fonts kept differ mostly in size, so the name is compared last.
+  auto it = std::find_if(fonts_.begin(), fonts_.end(), [&](const MeasuredFont& f) {
+    return f.fontSpec.Size == Font.Size && f.fontSpec.Bold == Font.Bold && f.fontSpec.Name == Font.Name;
+  });
   if (it != fonts_.end()) return *it;
   if (fonts_.size() >= kFontCacheSize) fonts_.erase(fonts_.begin());
   const QFont font = boardFont(Font, dpi_, device_);
