@@ -1,7 +1,6 @@
 #include "qt/qt_surface.h"
 
 #include <QGuiApplication>
-#include <QRawFont>
 #include <QScreen>
 #include <algorithm>
 #include <cmath>
@@ -93,8 +92,7 @@ bool kernIsPairs(const QByteArray& table) {
 
 // Whether the font's shaping goes pair by pair: substitutions of one glyph for one glyph,
 // positioning of one glyph or a pair, and no tables of the other shaping systems.
-bool shapesPairwise(const QFont& font) {
-  const QRawFont raw = QRawFont::fromFont(font);
+bool shapesPairwise(const QRawFont& raw) {
   if (!raw.isValid()) return false;
   for (const char* table : {"morx", "mort", "kerx"})
     if (!raw.fontTable(table).isEmpty()) return false;
@@ -162,7 +160,8 @@ QtSurface::MeasuredFont& QtSurface::measured() {
   if (fonts_.size() >= kFontCacheSize) fonts_.erase(fonts_.begin());
   const QFont font = boardFont(Font, dpi_, device_);
   MeasuredFont& added = fonts_.emplace_back(MeasuredFont{Font, QFontMetricsF(font, &device_)});
-  added.pairwise = shapesPairwise(font);
+  added.primary = QRawFont::fromFont(font);
+  added.pairwise = shapesPairwise(added.primary);
   if (added.pairwise) {
     added.advances.assign(256, kUnknown);
     added.kerning.assign(256 * 256, kUnknown);
@@ -178,7 +177,7 @@ bool QtSurface::addUp(MeasuredFont& font, std::string_view line, double& width) 
     int32_t& advance = font.advances[byte];
     if (advance == kUnknown) {
       const QString text = fromCp1252(std::string(1, c));
-      advance = plainCharacter(byte) && font.metrics.inFontUcs4(text.front().unicode())
+      advance = plainCharacter(byte) && font.primary.supportsCharacter(text.front())
                     ? sixtyFourths(font.metrics.horizontalAdvance(text))
                     : kShaped;
     }

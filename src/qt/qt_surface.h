@@ -6,6 +6,7 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QPaintDevice>
+#include <QRawFont>
 #include <QString>
 #include <cstdint>
 #include <string>
@@ -88,6 +89,8 @@ class QtSurface : public Surface {
     // then the sum of its characters' advances and of each neighbouring pair's kerning,
     // exactly, as Qt adds them in 1/64 pixels.
     bool pairwise = false;
+    // The font's own glyphs: a character that another font stands in for needs Qt.
+    QRawFont primary{};
     std::vector<int32_t> advances{};  // per byte, 1/64 pixels; kUnknown or kShaped
     std::vector<int32_t> kerning{};   // per pair of bytes, first * 256 + second
     // A redraw measures the same texts again and again; shaping them is the cost.
