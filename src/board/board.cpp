@@ -66,7 +66,11 @@ struct FoundCells {
   int16_t fillStyle = 0;
 };
 
-FoundCells drawLinkWith(App& app, int16_t index, const LinkEnds& ends, const DrawingMemo* memo) {
+// boxes and cells: the cells' boxes as sizeList reads and their records read, when the
+// caller has them.
+FoundCells drawLinkWith(App& app, int16_t index, const LinkEnds& ends, const DrawingMemo* memo,
+                        const std::vector<Box>* boxes = nullptr,
+                        const std::vector<CellDrawing>* cells = nullptr) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
   FoundCells found;
@@ -82,8 +86,8 @@ FoundCells drawLinkWith(App& app, int16_t index, const LinkEnds& ends, const Dra
     return found;
   }
 
-  Box s = readBox(store.sizeList.List(source));
-  Box t = readBox(store.sizeList.List(target));
+  Box s = boxes ? (*boxes)[static_cast<size_t>(source)] : readBox(store.sizeList.List(source));
+  Box t = boxes ? (*boxes)[static_cast<size_t>(target)] : readBox(store.sizeList.List(target));
   int16_t keptWidth = canvas.DrawWidth();
   canvas.DrawStyle = 1;
   canvas.setDrawWidth(1);
@@ -114,8 +118,9 @@ FoundCells drawLinkWith(App& app, int16_t index, const LinkEnds& ends, const Dra
   const std::string& sourceRecord = store.itemList.List(source);
   int32_t keptFillColor = canvas.FillColor;
   int16_t keptFillStyle = canvas.FillStyle;
-  canvas.FillColor = toLong(numberField(sourceRecord, key::cellColor));
-  canvas.FillStyle = toInteger(numberField(sourceRecord, key::cellFillStyle));
+  const ParsedCell* parsed = cells ? &(*cells)[static_cast<size_t>(source)].cell : nullptr;
+  canvas.FillColor = parsed ? parsed->fillColor : toLong(numberField(sourceRecord, key::cellColor));
+  canvas.FillStyle = parsed ? parsed->fillStyle : toInteger(numberField(sourceRecord, key::cellFillStyle));
   canvas.Circle(x2, y2, 1);
   found = {true, source, target, s, t, canvas.FillColor, canvas.FillStyle};
   canvas.FillStyle = keptFillStyle;
@@ -394,7 +399,7 @@ void drawLinkInRedraw(App& app, DrawingMemo::Drawings& set, int16_t index, const
   d.record = record;
   d.ends = readLink(record);
   size_t from = canvas.Image().size();
-  FoundCells found = drawLinkWith(app, index, d.ends, &memo);
+  FoundCells found = drawLinkWith(app, index, d.ends, &memo, &boxes, &set.cells);
   if (!found.drawn) return;
   d.names = memo.namesGeneration;
   d.source = found.source;

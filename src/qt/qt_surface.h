@@ -6,7 +6,9 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QPaintDevice>
+#include <QRawFont>
 #include <QString>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -81,11 +83,23 @@ class QtSurface : public Surface {
   struct MeasuredFont {
     FontSpec fontSpec;
     QFontMetricsF metrics;
+    double height = metrics.height();  // pixels
+    // Whether the font's shaping of Windows-1252 text is pairwise: no substitution but of
+    // one glyph for another, no positioning but of one glyph or a pair. A line's width is
+    // then the sum of its characters' advances and of each neighbouring pair's kerning,
+    // exactly, as Qt adds them in 1/64 pixels.
+    bool pairwise = false;
+    // The font's own glyphs: a character that another font stands in for needs Qt.
+    QRawFont primary{};
+    std::vector<int32_t> advances{};  // per byte, 1/64 pixels; kUnknown or kShaped
+    std::vector<int32_t> kerning{};   // per pair of bytes, first * 256 + second
     // A redraw measures the same texts again and again; shaping them is the cost.
-    std::unordered_map<std::string, double, LineHash, std::equal_to<>> widths;  // pixels
+    std::unordered_map<std::string, double, LineHash, std::equal_to<>> widths{};  // pixels
   };
   MeasuredFont& measured();
   double lineWidth(MeasuredFont& font, std::string_view line);
+  // The width of a line in a pairwise font; false when one of its characters needs Qt.
+  static bool addUp(MeasuredFont& font, std::string_view line, double& width);
 
   double dpi_;
   MeasureDevice device_;

@@ -80,6 +80,27 @@ TEST_F(QtSurfaceTest, TextIsMeasuredInBoardUnits) {
   EXPECT_NEAR(canvas.TextWidth("Hello world"), wide / 2, 1e-4);
 }
 
+// Widths added up from characters and pairs are Qt's own for the whole line: in fonts that
+// shape pair by pair (one with one-for-one substitutions) and in one with ligatures.
+TEST_F(QtSurfaceTest, EveryPairOfCharactersMeasuresAsQtMeasuresIt) {
+  const QImage device(1, 1, QImage::Format_RGB32);
+  for (const FontSpec& font : {FontSpec{"Arial", 9, true}, FontSpec{"Liberation Serif", 15, false},
+                               FontSpec{"DejaVu Sans", 6, false}}) {
+    canvas.Font = font;
+    const QFontMetricsF metrics(boardFont(font, canvas.dpi(), device), &device);
+    int differ = 0;
+    for (int first = 1; first < 256; ++first)
+      for (int second = 1; second < 256; ++second) {
+        if (first == '\r' || first == '\n' || second == '\r' || second == '\n') continue;
+        const std::string text{'f', static_cast<char>(first), static_cast<char>(second), 'i'};
+        const auto qt =
+            static_cast<float>(metrics.horizontalAdvance(fromCp1252(text)) / canvas.pixelsPerUnitX());
+        differ += canvas.TextWidth(text) != qt;
+      }
+    EXPECT_EQ(differ, 0) << font.Name;
+  }
+}
+
 TEST_F(QtSurfaceTest, PictureHasTheSurfaceSizeAndRefusesWhatIsTooLarge) {
   canvas.setWidth(50.8f);  // two inches
   canvas.setHeight(25.4f);
