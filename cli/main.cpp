@@ -104,7 +104,9 @@ int run(int argc, char** argv) {
       qInstallMessageHandler(quietQt);
       qt = std::make_unique<QGuiApplication>(qtArgc, qtArgv);
     }
-    Session session(programPath(argv[0]), settings, command.draws);
+    // Never freed: the system takes a large plan's memory back at once at the exit, where
+    // freeing its records one by one would only delay it.
+    Session& session = *new Session(programPath(argv[0]), settings, command.draws);
     return command.run(session, args);
   }
   return usageError("Ukjent kommando: " + name + ".");

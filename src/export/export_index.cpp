@@ -12,15 +12,13 @@ const std::string kNoText;
 ExportIndex::ExportIndex(const ProjectStore& store) : store_(store) {
   const auto& items = store.itemList.items();
   const auto& links = store.linkList.items();
-  // The names are numbered through views into these two vectors, so neither may grow
-  // once numbering starts.
   methods_.reserve(items.size());
   for (const std::string& record : items)
-    methods_.push_back({getField(record, key::methodName), getField(record, key::shortDescription),
+    methods_.push_back({fieldView(record, key::methodName), fieldView(record, key::shortDescription),
                         toLong(numberField(record, key::cellColor)), -1, -1});
   links_.reserve(links.size());
   for (const std::string& link : links)
-    links_.push_back({getField(link, key::linkSource), getField(link, key::linkTarget), -1, -1});
+    links_.push_back({fieldView(link, key::linkSource), fieldView(link, key::linkTarget), -1, -1});
 
   for (const Method& method : methods_) textBytes_ += 3 * method.name.size() + method.summary.size();
   for (const Link& link : links_) textBytes_ += link.source.size() + link.target.size();
@@ -87,17 +85,17 @@ int32_t ExportIndex::nameIdOf(int16_t method) const {
   return validMethod(method) ? methods_[static_cast<size_t>(method)].nameId : emptyNameId_;
 }
 
-const std::string& ExportIndex::methodName(int16_t method) const {
-  return validMethod(method) ? methods_[static_cast<size_t>(method)].name : kNoText;
+std::string_view ExportIndex::methodName(int16_t method) const {
+  return validMethod(method) ? methods_[static_cast<size_t>(method)].name : std::string_view();
 }
 
-const std::string& ExportIndex::shortDescription(int16_t method) const {
-  return validMethod(method) ? methods_[static_cast<size_t>(method)].summary : kNoText;
+std::string_view ExportIndex::shortDescription(int16_t method) const {
+  return validMethod(method) ? methods_[static_cast<size_t>(method)].summary : std::string_view();
 }
 
-std::string ExportIndex::longDescription(int16_t method) const {
+const std::string& ExportIndex::longDescription(int16_t method) const {
   // The store answers an empty record with nothing, whatever its slot holds.
-  if (!validMethod(method) || store_.itemList.List(method).empty()) return {};
+  if (!validMethod(method) || store_.itemList.List(method).empty()) return kNoText;
   return store_.getLongDescription(methods_[static_cast<size_t>(method)].firstEqualRecord);
 }
 

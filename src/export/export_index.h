@@ -20,11 +20,11 @@ class ExportIndex {
   explicit ExportIndex(const ProjectStore& store);
 
   // A position outside itemList reads as a record with nothing in it.
-  const std::string& methodName(int16_t method) const;
-  const std::string& shortDescription(int16_t method) const;
+  std::string_view methodName(int16_t method) const;
+  std::string_view shortDescription(int16_t method) const;
   // As getField(record, "longDescription") of the store: the long description of the first
   // entry of itemList equal to the record.
-  std::string longDescription(int16_t method) const;
+  const std::string& longDescription(int16_t method) const;
 
   // Positions in linkList, in list order, of the links whose linkSource (linkTarget) is
   // the method's name.
@@ -37,8 +37,8 @@ class ExportIndex {
     return textBytes_ + perMethod * methods_.size() + perLink * links_.size();
   }
 
-  const std::string& linkSource(int16_t link) const { return links_[static_cast<size_t>(link)].source; }
-  const std::string& linkTarget(int16_t link) const { return links_[static_cast<size_t>(link)].target; }
+  std::string_view linkSource(int16_t link) const { return links_[static_cast<size_t>(link)].source; }
+  std::string_view linkTarget(int16_t link) const { return links_[static_cast<size_t>(link)].target; }
   // The cellColor of the last cell named by the link's end; 0 when no cell has that name.
   int32_t sourceColour(int16_t link) const {
     return colourOfName(links_[static_cast<size_t>(link)].sourceId);
@@ -48,14 +48,15 @@ class ExportIndex {
   }
 
  private:
+  // The texts are views into the store's records, which no export changes.
   struct Method {
-    std::string name, summary;
+    std::string_view name, summary;
     int32_t colour;
     int32_t nameId;
     int16_t firstEqualRecord;
   };
   struct Link {
-    std::string source, target;
+    std::string_view source, target;
     int32_t sourceId, targetId;
   };
   // Links grouped by the number of one end's name, list order kept within a group.

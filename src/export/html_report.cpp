@@ -20,7 +20,7 @@ void appendTable(std::string& out, const ProjectStore& store, const ExportIndex&
   out.append("<font face=").append(quote).append(store.fontName).append(quote).append("><table border>");
   int16_t column = 0;
   for (int16_t link : links) {
-    const std::string& other = showTarget ? index.linkTarget(link) : index.linkSource(link);
+    const std::string_view other = showTarget ? index.linkTarget(link) : index.linkSource(link);
     int32_t colour = showTarget ? index.targetColour(link) : index.sourceColour(link);
     if (column == store.htmlTableColumns) {
       out += "</tr><tr>";

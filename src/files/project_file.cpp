@@ -37,15 +37,27 @@ void reportLeftOut(App& app, size_t methods, size_t links) {
 // The records as a redraw leaves them: a link that names a cell no longer there is
 // removed; one with an end left empty stays, as the drawing leaves it alone.
 void removeLinksToMissingCells(ProjectStore& store) {
-  std::unordered_set<std::string> names;
-  names.reserve(store.itemList.items().size());
-  for (const std::string& record : store.itemList.items()) names.insert(getField(record, key::methodName));
+  // The names are copied into one text, which the lookups below read far faster than
+  // the records strewn over the heap.
+  std::vector<std::string_view> inRecords;
+  inRecords.reserve(store.itemList.items().size());
+  size_t size = 0;
+  for (const std::string& record : store.itemList.items())
+    size += inRecords.emplace_back(fieldView(record, key::methodName)).size();
+  std::string text;
+  text.reserve(size);
+  std::unordered_set<std::string_view> names;
+  names.reserve(inRecords.size());
+  for (std::string_view name : inRecords) {
+    text.append(name);
+    names.insert(std::string_view(text).substr(text.size() - name.size()));
+  }
   std::vector<int16_t> gone;
   const auto& links = store.linkList.items();
   for (size_t i = 0; i < links.size(); ++i) {
-    LinkEnds ends = readLink(links[i]);
-    if (!ends.source.empty() && !ends.target.empty() &&
-        (!names.contains(ends.source) || !names.contains(ends.target)))
+    std::string_view source = fieldView(links[i], key::linkSource);
+    std::string_view target = fieldView(links[i], key::linkTarget);
+    if (!source.empty() && !target.empty() && (!names.contains(source) || !names.contains(target)))
       gone.push_back(static_cast<int16_t>(i));
   }
   if (gone.empty()) return;
