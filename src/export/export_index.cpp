@@ -14,11 +14,13 @@ ExportIndex::ExportIndex(const ProjectStore& store) : store_(store) {
   const auto& links = store.linkList.items();
   methods_.reserve(items.size());
   for (const std::string& record : items)
-    methods_.push_back({fieldView(record, key::methodName), fieldView(record, key::shortDescription),
-                        toLong(numberField(record, key::cellColor)), -1, -1});
+    methods_.push_back({names_.add(fieldView(record, key::methodName)),
+                        fieldView(record, key::shortDescription), toLong(numberField(record, key::cellColor)),
+                        -1, -1});
   links_.reserve(links.size());
   for (const std::string& link : links)
-    links_.push_back({fieldView(link, key::linkSource), fieldView(link, key::linkTarget), -1, -1});
+    links_.push_back(
+        {names_.add(fieldView(link, key::linkSource)), names_.add(fieldView(link, key::linkTarget)), -1, -1});
 
   for (const Method& method : methods_) textBytes_ += 3 * method.name.size() + method.summary.size();
   for (const Link& link : links_) textBytes_ += link.source.size() + link.target.size();

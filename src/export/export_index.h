@@ -11,6 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/packed_texts.h"
 #include "core/project_store.h"
 
 namespace tavlero {
@@ -48,7 +49,8 @@ class ExportIndex {
   }
 
  private:
-  // The texts are views into the store's records, which no export changes.
+  // The names are views into names_, the summaries into the store's records, which no
+  // export changes.
   struct Method {
     std::string_view name, summary;
     int32_t colour;
@@ -75,6 +77,7 @@ class ExportIndex {
   static Groups group(const std::vector<Link>& links, int32_t Link::*end, size_t names);
 
   const ProjectStore& store_;
+  PackedTexts names_;
   std::unordered_map<std::string_view, int32_t> ids_;
   std::vector<Method> methods_;
   std::vector<Link> links_;

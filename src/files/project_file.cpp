@@ -6,6 +6,7 @@
 #include "board/board.h"
 #include "board/compress.h"
 #include "core/cp1252.h"
+#include "core/packed_texts.h"
 #include "core/record.h"
 #include "core/records.h"
 #include "files/project_text.h"
@@ -37,21 +38,11 @@ void reportLeftOut(App& app, size_t methods, size_t links) {
 // The records as a redraw leaves them: a link that names a cell no longer there is
 // removed; one with an end left empty stays, as the drawing leaves it alone.
 void removeLinksToMissingCells(ProjectStore& store) {
-  // The names are copied into one text, which the lookups below read far faster than
-  // the records strewn over the heap.
-  std::vector<std::string_view> inRecords;
-  inRecords.reserve(store.itemList.items().size());
-  size_t size = 0;
-  for (const std::string& record : store.itemList.items())
-    size += inRecords.emplace_back(fieldView(record, key::methodName)).size();
-  std::string text;
-  text.reserve(size);
+  PackedTexts packed;
   std::unordered_set<std::string_view> names;
-  names.reserve(inRecords.size());
-  for (std::string_view name : inRecords) {
-    text.append(name);
-    names.insert(std::string_view(text).substr(text.size() - name.size()));
-  }
+  names.reserve(store.itemList.items().size());
+  for (const std::string& record : store.itemList.items())
+    names.insert(packed.add(fieldView(record, key::methodName)));
   std::vector<int16_t> gone;
   const auto& links = store.linkList.items();
   for (size_t i = 0; i < links.size(); ++i) {
