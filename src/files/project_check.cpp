@@ -82,7 +82,8 @@ std::string methodLabel(size_t number, const std::string& name) {
 
 size_t countFrom(std::string_view text, size_t offset, std::string_view tag) {
   size_t count = 0;
-  for (size_t at = text.find(tag, offset); at != std::string_view::npos; at = text.find(tag, at + tag.size()))
+  for (size_t at = findText(text, tag, offset); at != std::string_view::npos;
+       at = findText(text, tag, at + tag.size()))
     ++count;
   return count;
 }
@@ -171,20 +172,28 @@ void checkNumbers(Report& report, std::string_view text) {
 // opens and does not close, when that field's closing tag still follows before the next
 // method. Empty when the element ended at its own closing tag.
 std::string cutField(std::string_view element, std::string_view behind) {
-  static const std::pair<Tags, const char*> fields[] = {
-      {tagsOf(key::methodName), "navnet"},
-      {tagsOf(key::shortDescription), "sammendraget"},
-      {tagsOf(key::longDescription), "den lange beskrivelsen"}};
-  for (const auto& [tags, what] : fields) {
-    const std::string& open = tags.open;
-    const std::string& close = tags.close;
-    // The last opening, found forwards: rfind compares at every position.
-    size_t opened = std::string_view::npos;
-    for (size_t at = element.find(open); at != std::string_view::npos; at = element.find(open, at + 1))
-      opened = at;
-    if (opened == std::string_view::npos || element.find(close, opened) != std::string_view::npos) continue;
-    size_t closed = behind.find(close);
-    if (closed != std::string_view::npos && closed < behind.find("<userMethod>")) return what;
+  constexpr size_t npos = std::string_view::npos;
+  static const std::pair<std::string_view, const char*> fields[] = {
+      {key::methodName, "navnet"},
+      {key::shortDescription, "sammendraget"},
+      {key::longDescription, "den lange beskrivelsen"}};
+  // The last opening and closing tag of each field, in one pass over the element's '<': a
+  // tag has no '>' inside, so each of its places is a '<' and the key up to the next '>'.
+  size_t opened[std::size(fields)] = {npos, npos, npos};
+  size_t closed[std::size(fields)] = {npos, npos, npos};
+  for (size_t at = element.find('<'); at != npos; at = element.find('<', at + 1)) {
+    size_t end = element.find('>', at);
+    if (end == npos) break;
+    std::string_view name = element.substr(at + 1, end - at - 1);
+    const bool closing = name.starts_with('/');
+    if (closing) name.remove_prefix(1);
+    for (size_t f = 0; f < std::size(fields); ++f)
+      if (name == fields[f].first) (closing ? closed : opened)[f] = at;
+  }
+  for (size_t f = 0; f < std::size(fields); ++f) {
+    if (opened[f] == npos || (closed[f] != npos && closed[f] > opened[f])) continue;
+    size_t closing = findText(behind, tagsOf(fields[f].first).close);
+    if (closing != npos && closing < findText(behind, "<userMethod>")) return fields[f].second;
   }
   return {};
 }
@@ -306,11 +315,35 @@ ProjectStore readRecords(std::string_view text) {
   return store;
 }
 
+// Whether the reader's loops find the same elements in both texts: from the first tag of
+// an element on the texts are the same, and each loop starts at its opening tag or finds
+// no element at all.
+bool sameElements(std::string_view a, std::string_view b) {
+  static const std::string kTags[] = {"<userMethod>", "</userMethod>", "<userLink>", "</userLink>"};
+  constexpr size_t npos = std::string_view::npos;
+  auto firstTag = [](std::string_view text) {
+    size_t first = npos;
+    // Each tag only before the first one found so far: the links stand behind the methods.
+    for (const std::string& tag : kTags)
+      first = std::min(first, findText(text.substr(0, first == npos ? npos : first + tag.size()), tag));
+    return first;
+  };
+  const size_t inA = firstTag(a);
+  const size_t inB = firstTag(b);
+  if (inA == npos || inB == npos || a.substr(inA) != b.substr(inB)) return false;
+  const std::string_view tail = a.substr(inA);
+  return (findText(tail, kTags[0]) != npos || findText(tail, kTags[1]) == npos) &&
+         (findText(tail, kTags[2]) != npos || findText(tail, kTags[3]) == npos);
+}
+
 // The first save puts a damaged file into the writer's form; records that change again at
 // the next open and save change (or grow) every time. Positions are left to the compression.
 void checkSettling(Report& report, std::string_view fileText) {
   const ProjectStore once = readRecords(fileText);
-  const ProjectStore twice = readRecords(projectFileText(once));
+  const std::string written = projectFileText(once);
+  // A file whose elements the writer writes back as they stand reads back as it was read.
+  if (sameElements(fileText, written)) return;
+  const ProjectStore twice = readRecords(written);
   for (int16_t i = 0; i < std::max(once.itemList.ListCount(), twice.itemList.ListCount()); ++i) {
     if (trimRecord(once.itemList.List(i)) != trimRecord(twice.itemList.List(i)) ||
         once.getLongDescription(i) != twice.getLongDescription(i))

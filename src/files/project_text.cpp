@@ -71,14 +71,16 @@ std::string projectFileText(const ProjectStore& store) {
   return out;
 }
 
+size_t findText(std::string_view text, std::string_view what, size_t from) {
+  const void* at =
+      from > text.size() ? nullptr : memmem(text.data() + from, text.size() - from, what.data(), what.size());
+  return at ? static_cast<size_t>(static_cast<const char*>(at) - text.data()) : std::string_view::npos;
+}
+
 size_t ElementScanner::Finder::from(std::string_view text, size_t offset) {
   // The offset only grows: a tag found at or behind it is still the first one.
   if (!known || (found != std::string_view::npos && found < offset)) {
-    // memmem rather than find: find stops at every '<' of the file to compare the rest.
-    const void* at = offset > text.size()
-                         ? nullptr
-                         : memmem(text.data() + offset, text.size() - offset, tag.data(), tag.size());
-    found = at ? static_cast<size_t>(static_cast<const char*>(at) - text.data()) : std::string_view::npos;
+    found = findText(text, tag, offset);
     known = true;
   }
   return found;

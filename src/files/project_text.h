@@ -22,6 +22,10 @@ int16_t fontSizeOf(std::string_view text);
 // read from a file carries round it does not pile up at every save.
 std::string_view trimRecord(std::string_view record);
 
+// text.find(what, from), by memmem: find stops at every character like what's first one to
+// compare the rest, which in a whole file is every '<'.
+size_t findText(std::string_view text, std::string_view what, size_t from = 0);
+
 // One loop of the reader over the userMethod or userLink elements: each round takes
 // getField(workText, key) of the text not yet scanned and cuts that text behind the
 // element's closing tag and skipBehind more characters. The cut is an offset, and the
