@@ -44,12 +44,22 @@ TagSpan findTags(std::string_view record, std::string_view key) {
   return {openPos == npos ? openSize - 1 : openPos + openSize, closePos, openPos != npos};
 }
 
+constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                   1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
 std::string formatFloat(double value, int precision) {
   if (std::isnan(value)) return " 0";
   if (std::isinf(value)) return value < 0 ? "-1.#INF" : " 1.#INF";
   std::string sign = (value < 0) ? "-" : " ";
   double magnitude = std::fabs(value);
   if (magnitude == 0) return " 0";
+  // A whole number of no more digits than the precision comes out as its digits: most
+  // numbers of a plan are.
+  if (magnitude < kPowersOfTen[precision] && magnitude == std::floor(magnitude)) {
+    char digits[24];
+    char* last = std::to_chars(digits, digits + sizeof digits, static_cast<int64_t>(magnitude)).ptr;
+    return sign.append(digits, last);
+  }
 
   // d.dddddde+xx, as printf's %.*e writes it, without printf's cost: geometry records
   // write four numbers per cell on every redraw.

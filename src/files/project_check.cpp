@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "core/cp1252.h"
+#include "core/packed_texts.h"
 #include "core/project_store.h"
 #include "core/record.h"
 #include "core/records.h"
@@ -63,11 +64,13 @@ bool textOutsideTags(std::string_view record) {
 class Report {
  public:
   void add(std::string line) { lines_.push_back(std::move(line)); }
-  // The line names the text as where + what. True when it found one.
-  bool typedTags(std::string_view where, std::string_view what, std::string_view text) {
+  // The line names the text as where() + what; where is asked only for a line. True when
+  // it found one.
+  template <typename Where>
+  bool typedTags(const Where& where, std::string_view what, std::string_view text) {
     std::string tag = typedTag(text);
     if (!tag.empty())
-      add(std::string(where).append(what) + " inneholder taggen '" + tag + "', som forstyrrer lesingen.");
+      add(std::string(where()).append(what) + " inneholder taggen '" + tag + "', som forstyrrer lesingen.");
     return !tag.empty();
   }
   std::vector<std::string> take() { return std::move(lines_); }
@@ -76,8 +79,8 @@ class Report {
   std::vector<std::string> lines_;
 };
 
-std::string methodLabel(size_t number, const std::string& name) {
-  return "Metode " + std::to_string(number) + " ('" + name + "')";
+std::string methodLabel(size_t number, std::string_view name) {
+  return "Metode " + std::to_string(number) + " ('" + std::string(name) + "')";
 }
 
 size_t countFrom(std::string_view text, size_t offset, std::string_view tag) {
@@ -200,12 +203,14 @@ std::string cutField(std::string_view element, std::string_view behind) {
 
 constexpr std::string_view kPositions[] = {key::positionX, key::positionY};
 
-// Reads the methods as the reader does and reports what it loses; gives the names read.
-// Records out of shape are reported only where no typed tag already names the cause.
-std::unordered_set<std::string> checkMethods(Report& report, std::string_view text, bool causeKnown) {
+// Reads the methods as the reader does and reports what it loses; gives the names read,
+// kept in packed. Records out of shape are reported only where no typed tag already names
+// the cause.
+std::unordered_set<std::string_view> checkMethods(Report& report, std::string_view text, bool causeKnown,
+                                                  PackedTexts& packed) {
   ElementScanner scanner(text, key::userMethod, kSkipBehindMethod);
-  std::unordered_map<std::string, size_t> firstNumber;
-  std::unordered_set<std::string> names;
+  std::unordered_map<std::string_view, size_t> firstNumber;
+  std::unordered_set<std::string_view> names;
   size_t number = 0;
   size_t lacking[2] = {0, 0};
   // The compression at opening starts its search for the smallest position at the size of
@@ -217,33 +222,39 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     ++number;
     MethodParts parts = splitMethod(element);
-    std::string name = getField(parts.record, key::methodName);
-    std::string label = methodLabel(number, name);
+    const std::string_view name = packed.add(fieldView(parts.record, key::methodName));
+    // Made for the first line about the method: most methods have none.
+    std::string labelText;
+    auto label = [&]() -> const std::string& {
+      if (labelText.empty()) labelText = methodLabel(number, name);
+      return labelText;
+    };
     const std::string_view behind = text.substr(scanner.offset() - kSkipBehindMethod);
     const std::string cut = cutField(element, behind);
     if (!cut.empty())
-      report.add(label + ": '</userMethod>' står i "_cp + cut + ", så resten av metoden går tapt."_cp);
+      report.add(label() + ": '</userMethod>' står i "_cp + cut + ", så resten av metoden går tapt."_cp);
     else if (!parts.hasLongDescription)
-      report.add(label + " har ingen <longDescription>; trolig står '</userMethod>' i en tekst."_cp);
+      report.add(label() + " har ingen <longDescription>; trolig står '</userMethod>' i en tekst."_cp);
     else if (!parts.closedLongDescription)
-      report.add(label + " mangler '</longDescription>'.");
+      report.add(label() + " mangler '</longDescription>'.");
     else if (parts.record.find("</longDescription>") != std::string::npos &&
              element.find("</longDescription>") > element.find("<longDescription"))
-      report.add(label + ": den lange beskrivelsen inneholder '</longDescription>'; resten havner i posten.");
+      report.add(label() +
+                 ": den lange beskrivelsen inneholder '</longDescription>'; resten havner i posten.");
     // A typed closing tag that cut the method short already names the cause.
     bool typed = !cut.empty();
     typed |= report.typedTags(label, ": navnet", name);
-    typed |= report.typedTags(label, ": sammendraget", getField(parts.record, key::shortDescription));
+    typed |= report.typedTags(label, ": sammendraget", fieldView(parts.record, key::shortDescription));
     typed |= report.typedTags(label, ": den lange beskrivelsen", parts.longDescription);
     if (!causeKnown && !typed) {
       if (textOutsideTags(parts.record))
-        report.add(label + ": tekst utenfor taggene går tapt ved lagring."_cp);
+        report.add(label() + ": tekst utenfor taggene går tapt ved lagring."_cp);
       if (std::string tag = tagOutOfPlace(parts.record,
                                           {key::positionX, key::positionY, key::methodName,
                                            key::shortDescription, key::cellColor, key::cellFillStyle},
                                           key::longDescription);
           !tag.empty())
-        report.add(label + ": taggen '" + tag +
+        report.add(label() + ": taggen '" + tag +
                    "' står feil i posten, så posten endres ved hver lagring."_cp);
     }
     for (size_t axis = 0; axis < 2; ++axis)
@@ -252,11 +263,11 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
       reachesStart[axis] |= !(toSingle(numberField(parts.record, kPositions[axis])) > start[axis]);
     int32_t fill = toLong(numberField(parts.record, key::cellFillStyle));
     if (fill < 0 || fill > 7)
-      report.add(label + " har fylltype " + std::to_string(fill) + ", utenfor 0 til 7.");
+      report.add(label() + " har fylltype " + std::to_string(fill) + ", utenfor 0 til 7.");
     auto [first, isNew] = firstNumber.emplace(name, number);
-    if (!isNew) report.add(label + " har samme navn som metode " + std::to_string(first->second) + ".");
+    if (!isNew) report.add(label() + " har samme navn som metode " + std::to_string(first->second) + ".");
     if (behind.starts_with("<userMethod>"))
-      report.add(label + ": '</userMethod>' står rett foran '<userMethod>', så metoden bak går tapt."_cp);
+      report.add(label() + ": '</userMethod>' står rett foran '<userMethod>', så metoden bak går tapt."_cp);
     if (number <= static_cast<size_t>(ProjectStore::kMaxMethods)) names.insert(name);
   }
   // A position without its tag reads as 0 and stays without it, so beside cells that have
@@ -276,7 +287,7 @@ std::unordered_set<std::string> checkMethods(Report& report, std::string_view te
   return names;
 }
 
-void checkLinks(Report& report, std::string_view text, const std::unordered_set<std::string>& names,
+void checkLinks(Report& report, std::string_view text, const std::unordered_set<std::string_view>& names,
                 bool causeKnown) {
   ElementScanner scanner(text, key::userLink, kSkipBehindLink);
   size_t number = 0;
@@ -288,8 +299,8 @@ void checkLinks(Report& report, std::string_view text, const std::unordered_set<
         !causeKnown && !tag.empty())
       report.add("Kobling " + std::to_string(number) + ": taggen '" + tag +
                  "' står feil i posten, så posten endres ved hver lagring."_cp);
-    std::string source = getField(element, key::linkSource);
-    std::string target = getField(element, key::linkTarget);
+    const std::string_view source = fieldView(element, key::linkSource);
+    const std::string_view target = fieldView(element, key::linkTarget);
     // Without a name at one end the drawing leaves a link alone: never drawn, never removed.
     if (source.empty() || target.empty()) {
       report.add("Kobling " + std::to_string(number) + ": " +
@@ -299,7 +310,7 @@ void checkLinks(Report& report, std::string_view text, const std::unordered_set<
     }
     for (const auto& [end, name] : {std::pair{key::linkSource, source}, std::pair{key::linkTarget, target}})
       if (!names.contains(name))
-        report.add("Kobling " + std::to_string(number) + ": " + std::string(end) + " '" + name +
+        report.add("Kobling " + std::to_string(number) + ": " + std::string(end) + " '" + std::string(name) +
                    "' er ingen metode, og koblingen blir fjernet.");
   }
   reportLoopEnd(
@@ -372,9 +383,10 @@ std::vector<std::string> checkProject(std::string_view fileText) {
                  ">'; teksten leses som tom.");
     }
   }
-  causeKnown |= report.typedTags("Prosjektnavnet", "", getField(fileText, key::projectName));
-  causeKnown |= report.typedTags("Prosjektbeskrivelsen", "", getField(fileText, key::projectDescription));
-  causeKnown |= report.typedTags("Skriftnavnet", "", getField(fileText, key::fontName));
+  causeKnown |= report.typedTags([] { return "Prosjektnavnet"; }, "", getField(fileText, key::projectName));
+  causeKnown |= report.typedTags([] { return "Prosjektbeskrivelsen"; }, "",
+                                 getField(fileText, key::projectDescription));
+  causeKnown |= report.typedTags([] { return "Skriftnavnet"; }, "", getField(fileText, key::fontName));
   // The settling reads the file on its own, on a second core where there is one; its
   // lines come last.
   std::future<Report> settling = std::async(std::launch::async | std::launch::deferred, [fileText] {
@@ -382,7 +394,8 @@ std::vector<std::string> checkProject(std::string_view fileText) {
     checkSettling(lines, fileText);
     return lines;
   });
-  checkLinks(report, fileText, checkMethods(report, fileText, causeKnown), causeKnown);
+  PackedTexts names;
+  checkLinks(report, fileText, checkMethods(report, fileText, causeKnown, names), causeKnown);
   for (std::string& line : settling.get().take()) report.add(std::move(line));
   return report.take();
 }
