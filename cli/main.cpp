@@ -1,6 +1,8 @@
 // tavlero-cli: the parts of Tavlero that need no display, one command per run.
 
+#ifdef TAVLERO_CLI_DRAWS
 #include <QGuiApplication>
+#endif
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -62,8 +64,20 @@ void printUsage(std::FILE* out) {
   std::fprintf(out, "\nEn melding som programmet ville vist i en boks, skrives på standard feil.\n");
 }
 
+#ifdef TAVLERO_CLI_DRAWS
 // Qt's own chatter would mix with the tool's one-line messages.
 void quietQt(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+// Only a picture needs Qt; the other commands start faster without it.
+std::unique_ptr<QGuiApplication> startQt(char* program) {
+  if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  qInstallMessageHandler(quietQt);
+  // Qt is given no arguments of ours: a project named like a Qt option stays a project.
+  static int argc = 1;
+  static char* argv[] = {program, nullptr};
+  return std::make_unique<QGuiApplication>(argc, argv);
+}
+#endif
 
 std::string programPath(const char* argv0) {
   std::error_code ec;
@@ -94,16 +108,9 @@ int run(int argc, char** argv) {
   args.erase(args.begin());
   for (const Command& command : registeredCommands()) {
     if (command.name != name) continue;
-    // Only a picture needs Qt; the other commands start faster without it.
-    std::unique_ptr<QGuiApplication> qt;
-    // Qt is given no arguments of ours: a project named like a Qt option stays a project.
-    int qtArgc = 1;
-    char* qtArgv[] = {argv[0], nullptr};
-    if (command.draws) {
-      if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
-      qInstallMessageHandler(quietQt);
-      qt = std::make_unique<QGuiApplication>(qtArgc, qtArgv);
-    }
+#ifdef TAVLERO_CLI_DRAWS
+    auto qt = command.draws ? startQt(argv[0]) : nullptr;
+#endif
     // Never freed: the system takes a large plan's memory back at once at the exit, where
     // freeing its records one by one would only delay it.
     Session& session = *new Session(programPath(argv[0]), settings, command.draws);
