@@ -105,17 +105,31 @@ std::string_view ElementScanner::next() {
 }
 
 MethodParts splitMethod(std::string_view element) {
+  constexpr size_t npos = std::string_view::npos;
   constexpr std::string_view kOpenText = "<longDescription";
   constexpr std::string_view kCloseTag = "</longDescription>";
+  // The first "<longDescription", "<longDescription>" and "</longDescription>", in one pass
+  // from '<' to '<' of the element.
+  size_t cutStart = npos;
+  size_t openTag = npos;
+  size_t closePos = npos;
+  for (size_t at = element.find('<'); at != npos && (openTag == npos || closePos == npos);
+       at = element.find('<', at + 1)) {
+    const std::string_view rest = element.substr(at);
+    if (rest.starts_with(kOpenText)) {
+      if (cutStart == npos) cutStart = at;
+      if (openTag == npos && rest.size() > kOpenText.size() && rest[kOpenText.size()] == '>') openTag = at;
+    } else if (closePos == npos && rest.starts_with(kCloseTag)) {
+      closePos = at;
+    }
+  }
   MethodParts parts;
-  size_t cutStart = element.find(kOpenText);
-  if (cutStart == std::string_view::npos) {
+  if (cutStart == npos) {
     parts.hasLongDescription = false;
     parts.record = element;
     return parts;
   }
-  size_t closePos = element.find(kCloseTag);
-  if (closePos == std::string_view::npos) {
+  if (closePos == npos) {
     parts.closedLongDescription = false;
     std::string_view rest = element.substr(cutStart + kOpenText.size());
     if (!rest.empty() && rest.front() == '>') rest.remove_prefix(1);
@@ -123,10 +137,16 @@ MethodParts splitMethod(std::string_view element) {
     parts.record = element.substr(0, cutStart);
     return parts;
   }
-  parts.longDescription = getField(element, key::longDescription);
+  // As getField(element, "longDescription") finds it.
+  const size_t start = openTag == npos ? kOpenText.size() : openTag + kOpenText.size() + 1;
+  if (closePos > start) parts.longDescription = element.substr(start, closePos - start);
   size_t cutEnd = closePos + kCloseTag.size();
   parts.record.reserve(cutStart + element.size() - cutEnd);
   parts.record.append(element.substr(0, cutStart)).append(element.substr(cutEnd));
+  // The part before the cut holds no "<longDescription": one can only start just before
+  // the cut and run over it, or stand behind it.
+  const size_t joint = cutStart < kOpenText.size() ? 0 : cutStart - kOpenText.size();
+  parts.recordHoldsOpenText = parts.record.find(kOpenText, joint) != std::string::npos;
   return parts;
 }
 
@@ -149,7 +169,7 @@ size_t readMethods(ProjectStore& store, std::string_view fileText) {
     if (recordsHoldTag && parts.hasLongDescription && parts.closedLongDescription)
       longDescription = store.getField(element, key::longDescription);
     store.setLongDescription(n, std::move(longDescription));
-    if (parts.record.find("<longDescription") != std::string::npos) recordsHoldTag = true;
+    if (parts.recordHoldsOpenText) recordsHoldTag = true;
     store.itemList.AddItem(std::move(parts.record));
     store.sizeList.AddItem(std::string(kGeometryPlaceholder));
   }

@@ -61,6 +61,7 @@ struct MethodParts {
   std::string longDescription;
   bool hasLongDescription = true;     // the element held "<longDescription"
   bool closedLongDescription = true;  // and "</longDescription>"
+  bool recordHoldsOpenText = false;   // the record still holds "<longDescription"
 };
 
 // The record is the element less "<longDescription" through "</longDescription>", the
