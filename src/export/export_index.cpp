@@ -9,30 +9,33 @@ namespace {
 const std::string kNoText;
 }  // namespace
 
-ExportIndex::ExportIndex(const ProjectStore& store) : store_(store) {
+ExportIndex::ExportIndex(const ProjectStore& store)
+    : store_(store), names_(store.itemList.items().size() + store.linkList.items().size()) {
   const auto& items = store.itemList.items();
   const auto& links = store.linkList.items();
+  // The methods' names are numbered first, in list order.
   methods_.reserve(items.size());
-  for (const std::string& record : items)
-    methods_.push_back({names_.add(fieldView(record, key::methodName)),
-                        fieldView(record, key::shortDescription), toLong(numberField(record, key::cellColor)),
-                        -1, -1});
+  for (const std::string& record : items) {
+    const int32_t id = names_.add(fieldView(record, key::methodName));
+    methods_.push_back({names_.name(id), fieldView(record, key::shortDescription),
+                        toLong(numberField(record, key::cellColor)), id, -1});
+  }
   links_.reserve(links.size());
-  for (const std::string& link : links)
-    links_.push_back(
-        {names_.add(fieldView(link, key::linkSource)), names_.add(fieldView(link, key::linkTarget)), -1, -1});
+  for (const std::string& link : links) {
+    const int32_t source = names_.add(fieldView(link, key::linkSource));
+    const int32_t target = names_.add(fieldView(link, key::linkTarget));
+    links_.push_back({names_.name(source), names_.name(target), source, target});
+  }
 
   for (const Method& method : methods_) textBytes_ += 3 * method.name.size() + method.summary.size();
   for (const Link& link : links_) textBytes_ += link.source.size() + link.target.size();
 
-  ids_.reserve(methods_.size() + links_.size());
   // Equal records have equal names, so a record is compared only with the earlier cells
   // of its name, found through a chain from the first of them.
   std::vector<int16_t> firstMethodOfName;
   std::vector<int16_t> nextOfSameName(methods_.size(), -1);
   for (size_t i = 0; i < methods_.size(); ++i) {
     Method& method = methods_[i];
-    method.nameId = idOf(method.name);
     const auto id = static_cast<size_t>(method.nameId);
     const auto self = static_cast<int16_t>(i);
     method.firstEqualRecord = self;
@@ -50,19 +53,10 @@ ExportIndex::ExportIndex(const ProjectStore& store) : store_(store) {
     nextOfSameName[static_cast<size_t>(lastMethodOfName_[id])] = self;
     lastMethodOfName_[id] = self;
   }
-  for (Link& link : links_) {
-    link.sourceId = idOf(link.source);
-    link.targetId = idOf(link.target);
-  }
-  lastMethodOfName_.resize(ids_.size(), -1);  // names that only links use
-  auto empty = ids_.find(std::string_view());
-  if (empty != ids_.end()) emptyNameId_ = empty->second;
-  bySource_ = group(links_, &Link::sourceId, ids_.size());
-  byTarget_ = group(links_, &Link::targetId, ids_.size());
-}
-
-int32_t ExportIndex::idOf(std::string_view name) {
-  return ids_.try_emplace(name, static_cast<int32_t>(ids_.size())).first->second;
+  lastMethodOfName_.resize(names_.size(), -1);  // names that only links use
+  emptyNameId_ = names_.find({});
+  bySource_ = group(links_, &Link::sourceId, names_.size());
+  byTarget_ = group(links_, &Link::targetId, names_.size());
 }
 
 ExportIndex::Groups ExportIndex::group(const std::vector<Link>& links, int32_t Link::*end, size_t names) {

@@ -8,10 +8,9 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
-#include "core/packed_texts.h"
+#include "core/name_index.h"
 #include "core/project_store.h"
 
 namespace tavlero {
@@ -68,7 +67,6 @@ class ExportIndex {
     std::span<const int16_t> of(int32_t id) const;
   };
 
-  int32_t idOf(std::string_view name);
   int32_t nameIdOf(int16_t method) const;
   bool validMethod(int16_t method) const {
     return method >= 0 && static_cast<size_t>(method) < methods_.size();
@@ -77,8 +75,7 @@ class ExportIndex {
   static Groups group(const std::vector<Link>& links, int32_t Link::*end, size_t names);
 
   const ProjectStore& store_;
-  PackedTexts names_;
-  std::unordered_map<std::string_view, int32_t> ids_;
+  NameIndex names_;  // every name of a method or a link, methods' first
   std::vector<Method> methods_;
   std::vector<Link> links_;
   std::vector<int16_t> lastMethodOfName_;

@@ -4,12 +4,10 @@
 #include <array>
 #include <future>
 #include <initializer_list>
-#include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 #include "core/cp1252.h"
-#include "core/packed_texts.h"
+#include "core/name_index.h"
 #include "core/project_store.h"
 #include "core/record.h"
 #include "core/records.h"
@@ -203,14 +201,21 @@ std::string cutField(std::string_view element, std::string_view behind) {
 
 constexpr std::string_view kPositions[] = {key::positionX, key::positionY};
 
-// Reads the methods as the reader does and reports what it loses; gives the names read,
-// kept in packed. Records out of shape are reported only where no typed tag already names
-// the cause.
-std::unordered_set<std::string_view> checkMethods(Report& report, std::string_view text, bool causeKnown,
-                                                  PackedTexts& packed) {
+// The names of the methods of a file, each with the number of the first method of that name.
+struct MethodNames {
+  NameIndex index;
+  std::vector<size_t> firstNumber;  // by the name's number in index
+  // Whether a method of the name is read into the plan.
+  bool inPlan(std::string_view name) const {
+    const int32_t id = index.find(name);
+    return id >= 0 && firstNumber[static_cast<size_t>(id)] <= static_cast<size_t>(ProjectStore::kMaxMethods);
+  }
+};
+
+// Reads the methods as the reader does, reports what it loses and gives the names read.
+// Records out of shape are reported only where no typed tag already names the cause.
+void checkMethods(Report& report, std::string_view text, bool causeKnown, MethodNames& names) {
   ElementScanner scanner(text, key::userMethod, kSkipBehindMethod);
-  std::unordered_map<std::string_view, size_t> firstNumber;
-  std::unordered_set<std::string_view> names;
   size_t number = 0;
   size_t lacking[2] = {0, 0};
   // The compression at opening starts its search for the smallest position at the size of
@@ -222,7 +227,10 @@ std::unordered_set<std::string_view> checkMethods(Report& report, std::string_vi
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     ++number;
     MethodParts parts = splitMethod(element);
-    const std::string_view name = packed.add(fieldView(parts.record, key::methodName));
+    const int32_t id = names.index.add(fieldView(parts.record, key::methodName));
+    const std::string_view name = names.index.name(id);
+    const bool isNew = static_cast<size_t>(id) == names.firstNumber.size();
+    if (isNew) names.firstNumber.push_back(number);
     // Made for the first line about the method: most methods have none.
     std::string labelText;
     auto label = [&]() -> const std::string& {
@@ -264,11 +272,11 @@ std::unordered_set<std::string_view> checkMethods(Report& report, std::string_vi
     int32_t fill = toLong(numberField(parts.record, key::cellFillStyle));
     if (fill < 0 || fill > 7)
       report.add(label() + " har fylltype " + std::to_string(fill) + ", utenfor 0 til 7.");
-    auto [first, isNew] = firstNumber.emplace(name, number);
-    if (!isNew) report.add(label() + " har samme navn som metode " + std::to_string(first->second) + ".");
+    if (!isNew)
+      report.add(label() + " har samme navn som metode " +
+                 std::to_string(names.firstNumber[static_cast<size_t>(id)]) + ".");
     if (behind.starts_with("<userMethod>"))
       report.add(label() + ": '</userMethod>' står rett foran '<userMethod>', så metoden bak går tapt."_cp);
-    if (number <= static_cast<size_t>(ProjectStore::kMaxMethods)) names.insert(name);
   }
   // A position without its tag reads as 0 and stays without it, so beside cells that have
   // theirs, every compression at opening moves those once more.
@@ -284,11 +292,9 @@ std::unordered_set<std::string_view> checkMethods(Report& report, std::string_vi
       report, text,
       {std::string(key::userMethod), "metode(r)", "metoder", ProjectStore::kMaxMethods, kSkipBehindMethod},
       scanner.offset(), number);
-  return names;
 }
 
-void checkLinks(Report& report, std::string_view text, const std::unordered_set<std::string_view>& names,
-                bool causeKnown) {
+void checkLinks(Report& report, std::string_view text, const MethodNames& names, bool causeKnown) {
   ElementScanner scanner(text, key::userLink, kSkipBehindLink);
   size_t number = 0;
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
@@ -309,7 +315,7 @@ void checkLinks(Report& report, std::string_view text, const std::unordered_set<
       continue;
     }
     for (const auto& [end, name] : {std::pair{key::linkSource, source}, std::pair{key::linkTarget, target}})
-      if (!names.contains(name))
+      if (!names.inPlan(name))
         report.add("Kobling " + std::to_string(number) + ": " + std::string(end) + " '" + std::string(name) +
                    "' er ingen metode, og koblingen blir fjernet.");
   }
@@ -394,8 +400,9 @@ std::vector<std::string> checkProject(std::string_view fileText) {
     checkSettling(lines, fileText);
     return lines;
   });
-  PackedTexts names;
-  checkLinks(report, fileText, checkMethods(report, fileText, causeKnown, names), causeKnown);
+  MethodNames names;
+  checkMethods(report, fileText, causeKnown, names);
+  checkLinks(report, fileText, names, causeKnown);
   for (std::string& line : settling.get().take()) report.add(std::move(line));
   return report.take();
 }

@@ -1,12 +1,11 @@
 #include "files/project_file.h"
 
-#include <unordered_set>
 #include <vector>
 
 #include "board/board.h"
 #include "board/compress.h"
 #include "core/cp1252.h"
-#include "core/packed_texts.h"
+#include "core/name_index.h"
 #include "core/record.h"
 #include "core/records.h"
 #include "files/project_text.h"
@@ -38,17 +37,14 @@ void reportLeftOut(App& app, size_t methods, size_t links) {
 // The records as a redraw leaves them: a link that names a cell no longer there is
 // removed; one with an end left empty stays, as the drawing leaves it alone.
 void removeLinksToMissingCells(ProjectStore& store) {
-  PackedTexts packed;
-  std::unordered_set<std::string_view> names;
-  names.reserve(store.itemList.items().size());
-  for (const std::string& record : store.itemList.items())
-    names.insert(packed.add(fieldView(record, key::methodName)));
+  NameIndex names(store.itemList.items().size());
+  for (const std::string& record : store.itemList.items()) names.add(fieldView(record, key::methodName));
   std::vector<int16_t> gone;
   const auto& links = store.linkList.items();
   for (size_t i = 0; i < links.size(); ++i) {
     std::string_view source = fieldView(links[i], key::linkSource);
     std::string_view target = fieldView(links[i], key::linkTarget);
-    if (!source.empty() && !target.empty() && (!names.contains(source) || !names.contains(target)))
+    if (!source.empty() && !target.empty() && (names.find(source) < 0 || names.find(target) < 0))
       gone.push_back(static_cast<int16_t>(i));
   }
   if (gone.empty()) return;
