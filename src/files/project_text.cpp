@@ -2,8 +2,10 @@
 
 #include <string.h>
 
+#include <atomic>
 #include <cmath>
 #include <future>
+#include <optional>
 #include <utility>
 
 #include "core/record.h"
@@ -192,12 +194,18 @@ size_t readLinks(ProjectStore& store, std::string_view fileText) {
 }  // namespace
 
 LeftOut readLists(ProjectStore& store, std::string_view fileText) {
-  // The links take another thread when one can be had, else they wait for the methods.
-  std::future<size_t> links = std::async(std::launch::async | std::launch::deferred,
-                                         [&store, fileText] { return readLinks(store, fileText); });
+  // The links take another thread when one can be had. On a busy machine that thread may
+  // not have begun when the methods are read; this one then reads the links itself.
+  std::atomic<bool> taken = false;
+  auto links = [&store, fileText, &taken] {
+    return taken.exchange(true) ? std::nullopt : std::optional(readLinks(store, fileText));
+  };
+  std::future<std::optional<size_t>> there = std::async(std::launch::async | std::launch::deferred, links);
   LeftOut leftOut;
   leftOut.methods = readMethods(store, fileText);
-  leftOut.links = links.get();
+  const std::optional<size_t> here = links();
+  const std::optional<size_t> read = there.get();
+  leftOut.links = here ? *here : *read;
   return leftOut;
 }
 
