@@ -79,30 +79,33 @@ size_t findText(std::string_view text, std::string_view what, size_t from) {
   return at ? static_cast<size_t>(static_cast<const char*>(at) - text.data()) : std::string_view::npos;
 }
 
-size_t ElementScanner::Finder::from(std::string_view text, size_t offset) {
-  // The offset only grows: a tag found at or behind it is still the first one.
-  if (!known || (found != std::string_view::npos && found < offset)) {
-    found = findText(text, tag, offset);
-    known = true;
-  }
-  return found;
+size_t ElementScanner::Places::from(size_t offset) {
+  while (next < at.size() && at[next] < offset) ++next;
+  return next < at.size() ? at[next] : std::string_view::npos;
 }
 
 ElementScanner::ElementScanner(std::string_view text, std::string_view key, size_t skipBehind)
-    : text_(text), skipBehind_(skipBehind) {
-  open_.tag.append("<").append(key).append(">");
-  close_.tag.append("</").append(key).append(">");
+    : text_(text), skipBehind_(skipBehind), openSize_(key.size() + 2), closeSize_(key.size() + 3) {
+  // Both tags end in "key>": each place of that is the opening tag behind a '<', the
+  // closing one behind "</", or neither.
+  const std::string ending = std::string(key) + ">";
+  for (size_t hit = findText(text, ending, 1); hit != std::string_view::npos;
+       hit = findText(text, ending, hit + 1)) {
+    if (text[hit - 1] == '<')
+      open_.at.push_back(hit - 1);
+    else if (hit >= 2 && text[hit - 1] == '/' && text[hit - 2] == '<')
+      close_.at.push_back(hit - 2);
+  }
 }
 
 std::string_view ElementScanner::next() {
   if (offset_ >= text_.size()) return {};
-  size_t openPos = open_.from(text_, offset_);
-  size_t closePos = close_.from(text_, offset_);
+  size_t openPos = open_.from(offset_);
+  size_t closePos = close_.from(offset_);
   // Without an opening tag the search counts from the start of the text left, as getField.
-  size_t start =
-      openPos == std::string_view::npos ? offset_ + open_.tag.size() - 1 : openPos + open_.tag.size();
+  size_t start = openPos == std::string_view::npos ? offset_ + openSize_ - 1 : openPos + openSize_;
   if (closePos == std::string_view::npos || closePos <= start) return {};
-  offset_ = closePos + close_.tag.size() + skipBehind_;
+  offset_ = closePos + closeSize_ + skipBehind_;
   return text_.substr(start, closePos - start);
 }
 
