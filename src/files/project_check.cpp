@@ -5,6 +5,7 @@
 #include <future>
 #include <initializer_list>
 #include <utility>
+#include <vector>
 
 #include "core/cp1252.h"
 #include "core/name_index.h"
@@ -89,6 +90,21 @@ size_t countFrom(std::string_view text, size_t offset, std::string_view tag) {
   return count;
 }
 
+// The place of a tag's name in kProjectFileKeys, or -1: only keys of the name's length are
+// compared, as every tag of every record is looked up.
+int keyIndex(std::string_view name) {
+  static const auto byLength = [] {
+    std::array<std::vector<int>, 32> table;
+    for (size_t i = 0; i < kProjectFileKeys.size(); ++i)
+      table[kProjectFileKeys[i].size()].push_back(static_cast<int>(i));
+    return table;
+  }();
+  if (name.size() >= byLength.size()) return -1;
+  for (int i : byLength[name.size()])
+    if (kProjectFileKeys[static_cast<size_t>(i)] == name) return i;
+  return -1;
+}
+
 // A record holds each of its own tags at most once, the opening before the closing, and
 // none of the file's other tags; otherwise a field replacement at opening can cut, move or
 // grow it at every save. Gives the first tag out of place.
@@ -107,19 +123,22 @@ std::string tagOutOfPlace(std::string_view record, std::initializer_list<std::st
     std::string_view name = record.substr(at + 1, end - at - 1);
     const bool closing = name.starts_with('/');
     if (closing) name.remove_prefix(1);
-    auto key = std::find(kProjectFileKeys.begin(), kProjectFileKeys.end(), name);
-    if (key == kProjectFileKeys.end()) continue;
-    Seen& tag = seen[static_cast<size_t>(key - kProjectFileKeys.begin())];
+    const int key = keyIndex(name);
+    if (key < 0) continue;
+    Seen& tag = seen[static_cast<size_t>(key)];
     size_t& first = closing ? tag.firstClose : tag.firstOpen;
     if (first == std::string_view::npos) first = at;
     ++(closing ? tag.closes : tag.opens);
   }
+  std::array<bool, kProjectFileKeys.size()> owned{};
+  for (std::string_view key : own)
+    if (const int i = keyIndex(key); i >= 0) owned[static_cast<size_t>(i)] = true;
+  const int skipped = keyIndex(ignored);
   for (size_t i = 0; i < kProjectFileKeys.size(); ++i) {
-    std::string_view key = kProjectFileKeys[i];
-    if (key == ignored) continue;
+    if (static_cast<int>(i) == skipped) continue;
     const Seen& tag = seen[i];
     const Tags& tags = fileTags()[i];
-    if (std::find(own.begin(), own.end(), key) == own.end()) {
+    if (!owned[i]) {
       if (tag.opens + tag.closes > 0) return tag.opens > 0 ? tags.open : tags.close;
     } else if (tag.opens > 1 || tag.closes > 1 || tag.opens != tag.closes || tag.firstClose < tag.firstOpen) {
       return tag.opens == 1 ? tags.close : tags.open;
