@@ -171,6 +171,9 @@ double textToNumber(std::string_view text) {
   if (i < text.size() && (text[i] == '+' || text[i] == '-')) clean += text[i++];
   bool sawDigit = false;
   bool sawPoint = false;
+  // A whole number of up to 15 digits is exact as a double: most numbers of a plan are.
+  uint64_t whole = 0;
+  size_t wholeDigits = 0;
   for (;;) {
     skip();
     if (i >= text.size()) break;
@@ -178,6 +181,10 @@ double textToNumber(std::string_view text) {
     if (isDigit(c)) {
       clean += c;
       sawDigit = true;
+      if (!sawPoint) {
+        whole = whole * 10 + static_cast<uint64_t>(c - '0');
+        ++wholeDigits;
+      }
     } else if (c == '.' && !sawPoint) {
       clean += c;
       sawPoint = true;
@@ -205,6 +212,10 @@ double textToNumber(std::string_view text) {
       ++i;
     }
     if (expDigit) clean += exponent + (expDigits.empty() ? "0" : expDigits);
+  }
+  if (!sawPoint && wholeDigits <= 15 && clean.find('E') == std::string::npos) {
+    const auto value = static_cast<double>(whole);
+    return clean.front() == '-' ? -value : value;
   }
   // from_chars rounds as strtod does, faster and whatever the locale; strtod still takes a
   // result out of from_chars' range.
