@@ -1,5 +1,6 @@
 #include "files/project_file.h"
 
+#include <utility>
 #include <vector>
 
 #include "board/board.h"
@@ -52,8 +53,9 @@ void removeLinksToMissingCells(ProjectStore& store) {
   store.linkSizeList.RemoveItems(gone);
 }
 
-// Everything of the reader after the file was read; the lists are already empty.
-void readProjectText(App& app, const std::string& fileText, AfterReading after) {
+// Everything of the reader after the file was read; the lists are already empty. The text
+// goes as soon as its lists are read, so that what comes after reuses its memory.
+void readProjectText(App& app, std::string fileText, AfterReading after) {
   ProjectStore& store = app.store;
   store.programName = getField(fileText, key::projectName);
   store.programDescription = getField(fileText, key::projectDescription);
@@ -71,6 +73,7 @@ void readProjectText(App& app, const std::string& fileText, AfterReading after) 
   }
 
   const LeftOut leftOut = readLists(store, fileText);
+  std::string().swap(fileText);
   store.leftOutAtReading = leftOut.methods + leftOut.links;
   if (store.leftOutAtReading > 0) reportLeftOut(app, leftOut.methods, leftOut.links);
 
@@ -109,13 +112,13 @@ bool readProject(App& app, const std::string& path, AfterReading after) {
   std::string fileText;
   // A path that names no file, in a folder that exists, becomes an empty file first.
   if (readWholeFile(path, fileText, IfMissing::CreateEmpty) != FileError::None) return false;
-  readProjectText(app, fileText, after);
+  readProjectText(app, std::move(fileText), after);
   return true;
 }
 
 void readProjectFromText(App& app, const std::string& fileText) {
   clearProject(app.store);
-  readProjectText(app, fileText, AfterReading::Draw);
+  readProjectText(app, std::string(fileText), AfterReading::Draw);
 }
 
 bool showSaveDialog(App& app, const std::string& filter, const std::string& defaultExt) {
@@ -155,7 +158,7 @@ void openProjectDialog(App& app) {
   app.store.projectFileName = dialog.FileTitle;
   app.store.projectFolder = dialog.FileName.substr(0, dialog.FileName.size() - dialog.FileTitle.size());
   clearProject(app.store);
-  readProjectText(app, fileText, AfterReading::Draw);
+  readProjectText(app, std::move(fileText), AfterReading::Draw);
 }
 
 }  // namespace tavlero
