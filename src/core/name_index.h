@@ -28,15 +28,22 @@ class NameIndex {
   std::string_view name(int32_t number) const { return names_[static_cast<size_t>(number)]; }
 
  private:
+  // A number with the low bits of its name's hash, so that a search compares a name only
+  // where the hash matches; number -1 for an empty slot.
+  struct Slot {
+    uint32_t hash;
+    int32_t number;
+  };
+
+  static uint32_t hashOf(std::string_view name);
   // The slot that holds the name, or the empty slot where it belongs.
-  size_t slotOf(std::string_view name, size_t hash) const;
+  size_t slotOf(std::string_view name, uint32_t hash) const;
   void grow();
   std::string_view copy(std::string_view name);
 
   std::deque<std::string> buffers_;  // never grown once they hold names, so views stay
   std::vector<std::string_view> names_;
-  std::vector<size_t> hashes_;
-  std::vector<int32_t> slots_;  // a number, or -1; a power of two long
+  std::vector<Slot> slots_;  // a power of two long
 };
 
 }  // namespace tavlero
