@@ -157,8 +157,15 @@ MethodParts splitMethod(std::string_view element) {
 
 namespace {
 
+// Room in both lists for the elements to come, so that they are not copied as they grow.
+void reserve(StringList& records, StringList& geometry, size_t count, size_t most) {
+  records.reserve(std::min(count, most));
+  geometry.reserve(std::min(count, most));
+}
+
 size_t readMethods(ProjectStore& store, std::string_view fileText) {
   ElementScanner scanner(fileText, key::userMethod, kSkipBehindMethod);
+  reserve(store.itemList, store.sizeList, scanner.openings(), ProjectStore::kMaxMethods);
   size_t leftOut = 0;
   // An element can only equal an earlier record when such a record kept a
   // "<longDescription" of its own; until then the store's lookup would find nothing.
@@ -183,6 +190,7 @@ size_t readMethods(ProjectStore& store, std::string_view fileText) {
 
 size_t readLinks(ProjectStore& store, std::string_view fileText) {
   ElementScanner scanner(fileText, key::userLink, kSkipBehindLink);
+  reserve(store.linkList, store.linkSizeList, scanner.openings(), ProjectStore::kMaxLinks);
   size_t leftOut = 0;
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     if (!store.linkList.AddItem(std::string(element))) {

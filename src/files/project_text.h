@@ -41,6 +41,8 @@ class ElementScanner {
   // Start of the text not yet scanned, as an index into the whole text. At the end of
   // the loop, the start of the round that found nothing.
   size_t offset() const { return offset_; }
+  // How many opening tags the text holds: about how many elements the loop will give.
+  size_t openings() const { return open_.at.size(); }
 
  private:
   // The places of one tag, in order; the offset only grows, so a cursor walks them.
