@@ -174,6 +174,7 @@ double textToNumber(std::string_view text) {
   // A whole number of up to 15 digits is exact as a double: most numbers of a plan are.
   uint64_t whole = 0;
   size_t wholeDigits = 0;
+  bool scaled = false;  // by an exponent
   for (;;) {
     skip();
     if (i >= text.size()) break;
@@ -212,8 +213,9 @@ double textToNumber(std::string_view text) {
       ++i;
     }
     if (expDigit) clean += exponent + (expDigits.empty() ? "0" : expDigits);
+    scaled = expDigit;
   }
-  if (!sawPoint && wholeDigits <= 15 && clean.find('E') == std::string::npos) {
+  if (!sawPoint && !scaled && wholeDigits <= 15) {
     const auto value = static_cast<double>(whole);
     return clean.front() == '-' ? -value : value;
   }

@@ -134,10 +134,11 @@ std::string tagOutOfPlace(std::string_view record, std::initializer_list<std::st
   for (std::string_view key : own)
     if (const int i = keyIndex(key); i >= 0) owned[static_cast<size_t>(i)] = true;
   const int skipped = keyIndex(ignored);
+  const auto& allTags = fileTags();
   for (size_t i = 0; i < kProjectFileKeys.size(); ++i) {
     if (static_cast<int>(i) == skipped) continue;
     const Seen& tag = seen[i];
-    const Tags& tags = fileTags()[i];
+    const Tags& tags = allTags[i];
     if (!owned[i]) {
       if (tag.opens + tag.closes > 0) return tag.opens > 0 ? tags.open : tags.close;
     } else if (tag.opens > 1 || tag.closes > 1 || tag.opens != tag.closes || tag.firstClose < tag.firstOpen) {
