@@ -116,9 +116,10 @@ int run(int argc, char** argv) {
     auto qt = command.draws ? startQt(argv[0]) : nullptr;
 #endif
     // Never freed: the system takes a large plan's memory back at once at the exit, where
-    // freeing its records one by one would only delay it.
-    Session& session = *new Session(programPath(argv[0]), settings, command.draws);
-    return command.run(session, args);
+    // freeing its records one by one would only delay it. Held by a static, so that a leak
+    // checker sees it still reachable.
+    static Session* const session = new Session(programPath(argv[0]), settings, command.draws);
+    return command.run(*session, args);
   }
   return usageError("Ukjent kommando: " + name + ".");
 }
