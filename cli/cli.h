@@ -10,8 +10,11 @@
 
 #include "core/app.h"
 #include "headless_platform.h"
+#include "platform/surface.h"
+#ifdef TAVLERO_CLI_DRAWS
 #include "qt/qt_outputs.h"
 #include "qt/qt_surface.h"
+#endif
 
 namespace tavlero::cli {
 
@@ -28,6 +31,8 @@ class Session {
 
   App& app() { return app_; }
   HeadlessClipboard& clipboard() { return clipboard_; }
+  const std::string& programPath() const { return programPath_; }
+  const std::string& settingsPath() const { return settingsPath_; }
 
   // Starts as the program starts with no project: defaults, settings file, start-up zoom.
   void start();
@@ -46,7 +51,11 @@ class Session {
   HeadlessUi ui_;
   HeadlessDialog dialog_;
   HeadlessClipboard clipboard_;
+#ifdef TAVLERO_CLI_DRAWS
   QtPictureWriter pictures_;
+#else
+  HeadlessPictures pictures_;
+#endif
   HeadlessPrinter printer_;
   HeadlessForms forms_;
   App app_;
@@ -60,7 +69,8 @@ struct Command {
   std::string_view arguments;  // as shown in the usage text, e.g. "IN.tvl OUT.tvl"
   std::string_view summary;
   CommandRun run;
-  // Draws a picture: the canvas needs Qt and the machine's fonts.
+  // Draws a picture: the canvas needs Qt and the machine's fonts, which only
+  // tavlero-cli-picture has.
   bool draws = false;
 };
 

@@ -12,7 +12,13 @@
 #include "export/html_report.h"
 #include "export/info_view.h"
 #include "export/text_scheme.h"
+#ifdef TAVLERO_CLI_DRAWS
 #include "qt/board_vector.h"
+#else
+#include <unistd.h>
+
+#include <filesystem>
+#endif
 
 namespace tavlero::cli {
 
@@ -60,6 +66,7 @@ int info(Session& session, std::vector<std::string>& args) {
   return written(session, args[1], infoPageFileText(store));
 }
 
+#ifdef TAVLERO_CLI_DRAWS
 bool endsWith(const std::string& path, std::string_view suffix) {
   if (path.size() < suffix.size()) return false;
   return std::equal(suffix.begin(), suffix.end(), path.end() - static_cast<std::ptrdiff_t>(suffix.size()),
@@ -83,6 +90,23 @@ int picture(Session& session, std::vector<std::string>& args) {
   showExportFailure(session.app(), args[1], reason);
   return kExitFailure;
 }
+#else
+// The same command of tavlero-cli-picture, beside this program, in this process's place.
+int picture(Session& session, std::vector<std::string>& args) {
+  const std::string program =
+      (std::filesystem::path(session.programPath()).parent_path() / "tavlero-cli-picture").string();
+  std::vector<std::string> words = {program};
+  if (!session.settingsPath().empty()) words.insert(words.end(), {"--settings", session.settingsPath()});
+  words.emplace_back("picture");
+  words.insert(words.end(), args.begin(), args.end());
+  std::vector<char*> argv;
+  for (std::string& word : words) argv.push_back(word.data());
+  argv.push_back(nullptr);
+  ::execv(program.c_str(), argv.data());
+  printMessage("Fant ikke " + utf8ToCp1252(program) + ", som skriver bildene.");
+  return kExitFailure;
+}
+#endif
 
 const RegisterCommand kText({"text", "[--clipboard] IN.tvl OUT.txt",
                              "skriver tekstskjemaet slik \"Lagre som tekst\" skriver det, eller med "

@@ -76,6 +76,11 @@ bool HeadlessClipboard::SetPicture(const Surface&, std::string& error) {
   return false;
 }
 
+bool HeadlessPictures::SavePicture(const Surface&, const std::string&, PictureFormat, std::string& error) {
+  error = "Bilder skrives av tavlero-cli-picture.";
+  return false;
+}
+
 bool HeadlessPrinter::PrintForm(std::string& error) {
   error = "Fant ingen skriver.";
   return false;

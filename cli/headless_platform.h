@@ -49,6 +49,13 @@ class HeadlessClipboard : public Clipboard {
   bool SetPicture(const Surface& canvas, std::string& error) override;
 };
 
+// The tool without Qt writes no pictures: its picture command starts the one with Qt.
+class HeadlessPictures : public PictureWriter {
+ public:
+  bool SavePicture(const Surface& canvas, const std::string& path, PictureFormat format,
+                   std::string& error) override;
+};
+
 class HeadlessPrinter : public Printer {
  public:
   bool PrintForm(std::string& error) override;

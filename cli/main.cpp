@@ -1,6 +1,12 @@
 // tavlero-cli: the parts of Tavlero that need no display, one command per run.
 
+#ifdef TAVLERO_CLI_DRAWS
 #include <QGuiApplication>
+#endif
+#include <malloc.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -62,8 +68,20 @@ void printUsage(std::FILE* out) {
   std::fprintf(out, "\nEn melding som programmet ville vist i en boks, skrives på standard feil.\n");
 }
 
+#ifdef TAVLERO_CLI_DRAWS
 // Qt's own chatter would mix with the tool's one-line messages.
 void quietQt(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+// Only a picture needs Qt; the other commands start faster without it.
+std::unique_ptr<QGuiApplication> startQt(char* program) {
+  if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  qInstallMessageHandler(quietQt);
+  // Qt is given no arguments of ours: a project named like a Qt option stays a project.
+  static int argc = 1;
+  static char* argv[] = {program, nullptr};
+  return std::make_unique<QGuiApplication>(argc, argv);
+}
+#endif
 
 std::string programPath(const char* argv0) {
   std::error_code ec;
@@ -94,25 +112,43 @@ int run(int argc, char** argv) {
   args.erase(args.begin());
   for (const Command& command : registeredCommands()) {
     if (command.name != name) continue;
-    // Only a picture needs Qt; the other commands start faster without it.
-    std::unique_ptr<QGuiApplication> qt;
-    // Qt is given no arguments of ours: a project named like a Qt option stays a project.
-    int qtArgc = 1;
-    char* qtArgv[] = {argv[0], nullptr};
-    if (command.draws) {
-      if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
-      qInstallMessageHandler(quietQt);
-      qt = std::make_unique<QGuiApplication>(qtArgc, qtArgv);
-    }
-    Session session(programPath(argv[0]), settings, command.draws);
-    return command.run(session, args);
+#ifdef TAVLERO_CLI_DRAWS
+    auto qt = command.draws ? startQt(argv[0]) : nullptr;
+#endif
+    // Never freed: the system takes a large plan's memory back at once at the exit, where
+    // freeing its records one by one would only delay it. Held by a static, so that a leak
+    // checker sees it still reachable.
+    static Session* const session = new Session(programPath(argv[0]), settings, command.draws);
+    return command.run(*session, args);
   }
   return usageError("Ukjent kommando: " + name + ".");
+}
+
+// A plan's records take many thousands of small blocks. The heap grows in large steps, and
+// asks for large pages under it, so that the system maps it 2 MB at a time instead of
+// faulting in each 4 KB page as the records are read.
+void largePagedHeap() {
+  constexpr size_t kStep = size_t{64} << 20;
+  constexpr uintptr_t kLargePage = uintptr_t{2} << 20;
+  mallopt(M_TOP_PAD, static_cast<int>(kStep));
+  mallopt(M_TRIM_THRESHOLD, static_cast<int>(2 * kStep));
+  const auto before = reinterpret_cast<uintptr_t>(sbrk(0));
+  // Two blocks below the size that malloc maps on its own, more than the heap holds at
+  // start; volatile, as a compiler may leave out a block that nothing uses.
+  constexpr size_t kBlock = size_t{120} << 10;
+  void* volatile first = malloc(kBlock);
+  void* volatile second = malloc(kBlock);
+  free(second);
+  free(first);
+  const auto after = reinterpret_cast<uintptr_t>(sbrk(0));
+  const uintptr_t start = (before + kLargePage - 1) & ~(kLargePage - 1);
+  if (after > start + kLargePage) madvise(reinterpret_cast<void*>(start), after - start, MADV_HUGEPAGE);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  largePagedHeap();
   try {
     return run(argc, argv);
   } catch (const std::exception& error) {

@@ -20,9 +20,14 @@ Session::Session(std::string programPath, std::string settingsPath, bool measure
     : programPath_(std::move(programPath)),
       settingsPath_(std::move(settingsPath)),
       measured_(measured),
+#ifdef TAVLERO_CLI_DRAWS
       canvas_(measured ? std::unique_ptr<Surface>(std::make_unique<QtSurface>())
                        : std::make_unique<UnmeasuredSurface>()),
-      app_(*canvas_, Platform{ui_, dialog_, clipboard_, pictures_, printer_, forms_}) {}
+#else
+      canvas_(std::make_unique<UnmeasuredSurface>()),
+#endif
+      app_(*canvas_, Platform{ui_, dialog_, clipboard_, pictures_, printer_, forms_}) {
+}
 
 void Session::start() {
   Form_Load(app_, programPath_, "", settingsPath_);

@@ -7,7 +7,7 @@ include(GNUInstallDirs)
 
 set(TAVLERO_PROGRAM_DIR ${CMAKE_INSTALL_LIBDIR}/tavlero)
 set(TAVLERO_DOC_DIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/tavlero)
-install(TARGETS tavlero tavlero-cli RUNTIME DESTINATION ${TAVLERO_PROGRAM_DIR})
+install(TARGETS tavlero tavlero-cli tavlero-cli-picture RUNTIME DESTINATION ${TAVLERO_PROGRAM_DIR})
 # Decided at install time, so that "cmake --install --prefix /usr" and the package put the
 # settings into /etc, and any other prefix into its own etc/.
 install(CODE "

@@ -16,6 +16,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   std::string value = cut2 == std::string::npos ? "v" : input.substr(cut2 + 1);
 
   std::string field = tavlero::getField(record, key);
+  // The one-pass tag search finds what two plain searches find.
+  size_t open = record.find("<" + key + ">");
+  size_t close = record.find("</" + key + ">");
+  size_t start = open == std::string::npos ? key.size() + 1 : open + key.size() + 2;
+  if (field != (close != std::string::npos && close > start ? record.substr(start, close - start) : ""))
+    std::abort();
   std::string changed = tavlero::setField(record, key, value);
   // With its opening tag present, a field reads back as it was set, unless the value or
   // the key bring tag characters of their own.

@@ -18,12 +18,14 @@ float positionOf(const std::string& record, std::string_view key) {
 
 void shiftBoard(App& app, float dx, float dy) {
   StringList& items = app.store.itemList;
+  // A record whose text already holds the new number is left alone: no copy of it is made.
+  auto place = [&items](int16_t i, std::string_view key, const std::string& number) {
+    if (!fieldHolds(items.List(i), key, number)) items.setList(i, setField(items.List(i), key, number));
+  };
   for (int16_t i = 0; i < items.ListCount(); ++i) {
-    float x = positionOf(items.List(i), key::positionX) + dx;
-    items.setList(i, setField(items.List(i), key::positionX, numberToText(x)));
+    place(i, key::positionX, numberToText(positionOf(items.List(i), key::positionX) + dx));
     // Read again: the first replacement may have moved what the second one finds.
-    float y = positionOf(items.List(i), key::positionY) + dy;
-    items.setList(i, setField(items.List(i), key::positionY, numberToText(y)));
+    place(i, key::positionY, numberToText(positionOf(items.List(i), key::positionY) + dy));
   }
 }
 

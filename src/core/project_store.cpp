@@ -80,8 +80,8 @@ void StringList::Clear() {
 
 ProjectStore::ProjectStore() : longDescriptions_(kLongDescriptionSlots) {}
 
-std::string ProjectStore::getLongDescription(int16_t index) const {
-  if (index < 0 || index >= kLongDescriptionSlots) return {};
+const std::string& ProjectStore::getLongDescription(int16_t index) const {
+  if (index < 0 || index >= kLongDescriptionSlots) return kEmpty;
   return longDescriptions_[static_cast<size_t>(index)];
 }
 

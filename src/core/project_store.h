@@ -90,7 +90,7 @@ class ProjectStore {
   StringList linkList;      // link records
   StringList linkSizeList;  // link geometry records
 
-  std::string getLongDescription(int16_t index) const;
+  const std::string& getLongDescription(int16_t index) const;
   void setLongDescription(int16_t index, std::string text);
   // After itemList.RemoveItem(index): the slots from index on move down by one.
   void removeLongDescription(int16_t index);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 
 namespace tavlero {
@@ -16,32 +17,35 @@ struct TagSpan {
   bool opened;      // whether "<key>" stands in the record at all
 };
 
+// Whether text holds key and then '>' from at on; the caller has looked at the room.
+bool keyAt(const char* at, std::string_view key) {
+  return at[key.size()] == '>' && std::memcmp(at, key.data(), key.size()) == 0;
+}
+
 // The search has no test that the opening tag was found: without it, start counts from
 // position 0, exactly as the 1-based rule "openPos + length" does with openPos = 0.
 TagSpan findTags(std::string_view record, std::string_view key) {
-  // "<key></key>" in one buffer, on the stack for every key of the format: each field read
-  // makes both tags, and most are longer than a string's own small buffer.
-  char stack[64];
-  std::string heap;
-  const size_t length = 2 * key.size() + 5;
-  char* tags = stack;
-  if (length > sizeof stack) {
-    heap.resize(length);
-    tags = heap.data();
+  // Both tags start with '<', so the first of each stands at one of the record's few '<':
+  // one pass from '<' to '<' finds both, where two searches would compare at every '<'.
+  constexpr size_t npos = std::string_view::npos;
+  size_t openPos = npos;
+  size_t closePos = npos;
+  const char* const begin = record.data();
+  const char* const end = begin + record.size();
+  for (const char* at = begin; openPos == npos || closePos == npos; ++at) {
+    at = static_cast<const char*>(std::memchr(at, '<', static_cast<size_t>(end - at)));
+    if (!at) break;
+    const size_t room = static_cast<size_t>(end - at) - 1;  // behind the '<'
+    if (openPos == npos && room > key.size() && keyAt(at + 1, key)) openPos = static_cast<size_t>(at - begin);
+    if (closePos == npos && room > key.size() + 1 && at[1] == '/' && keyAt(at + 2, key))
+      closePos = static_cast<size_t>(at - begin);
   }
-  tags[0] = '<';
-  key.copy(tags + 1, key.size());
-  tags[key.size() + 1] = '>';
-  tags[key.size() + 2] = '<';
-  tags[key.size() + 3] = '/';
-  key.copy(tags + key.size() + 4, key.size());
-  tags[length - 1] = '>';
-  const std::string_view openTag(tags, key.size() + 2);
-  const std::string_view closeTag(tags + key.size() + 2, key.size() + 3);
-  size_t openPos = record.find(openTag);  // 0-based
-  size_t start = (openPos == std::string_view::npos) ? openTag.size() - 1 : openPos + openTag.size();
-  return {start, record.find(closeTag), openPos != std::string_view::npos};
+  const size_t openSize = key.size() + 2;
+  return {openPos == npos ? openSize - 1 : openPos + openSize, closePos, openPos != npos};
 }
+
+constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                   1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
 std::string formatFloat(double value, int precision) {
   if (std::isnan(value)) return " 0";
@@ -49,6 +53,13 @@ std::string formatFloat(double value, int precision) {
   std::string sign = (value < 0) ? "-" : " ";
   double magnitude = std::fabs(value);
   if (magnitude == 0) return " 0";
+  // A whole number of no more digits than the precision comes out as its digits: most
+  // numbers of a plan are.
+  if (magnitude < kPowersOfTen[precision] && magnitude == std::floor(magnitude)) {
+    char digits[24];
+    char* last = std::to_chars(digits, digits + sizeof digits, static_cast<int64_t>(magnitude)).ptr;
+    return sign.append(digits, last);
+  }
 
   // d.dddddde+xx, as printf's %.*e writes it, without printf's cost: geometry records
   // write four numbers per cell on every redraw.
@@ -96,12 +107,16 @@ bool isDigit(char c) {
 
 }  // namespace
 
-std::string getField(std::string_view record, std::string_view key) {
+std::string_view fieldView(std::string_view record, std::string_view key) {
   if (record.empty()) return {};
   TagSpan span = findTags(record, key);
   if (span.closePos == std::string_view::npos) return {};
   if (span.closePos <= span.start) return {};
-  return std::string(record.substr(span.start, span.closePos - span.start));
+  return record.substr(span.start, span.closePos - span.start);
+}
+
+std::string getField(std::string_view record, std::string_view key) {
+  return std::string(fieldView(record, key));
 }
 
 std::string setField(std::string_view record, std::string_view key, std::string_view value) {
@@ -114,10 +129,19 @@ std::string setField(std::string_view record, std::string_view key, std::string_
   // closing tag on. When the closing tag stands before the opening one the head is cut
   // at the closing tag's start, as the 1-based arithmetic does.
   size_t head = std::min(span.start, record.size());
-  std::string result(record.substr(0, head));
+  std::string result;
+  result.reserve(head + value.size() + record.size() - span.closePos);
+  result.append(record.substr(0, head));
   result.append(value);
   result.append(record.substr(span.closePos));
   return result;
+}
+
+bool fieldHolds(std::string_view record, std::string_view key, std::string_view value) {
+  if (record.empty()) return true;
+  TagSpan span = findTags(record, key);
+  if (span.closePos == std::string_view::npos || !span.opened) return true;
+  return span.closePos > span.start && record.substr(span.start, span.closePos - span.start) == value;
 }
 
 std::string numberToText(int16_t value) {
@@ -147,6 +171,10 @@ double textToNumber(std::string_view text) {
   if (i < text.size() && (text[i] == '+' || text[i] == '-')) clean += text[i++];
   bool sawDigit = false;
   bool sawPoint = false;
+  // A whole number of up to 15 digits is exact as a double: most numbers of a plan are.
+  uint64_t whole = 0;
+  size_t wholeDigits = 0;
+  bool scaled = false;  // by an exponent
   for (;;) {
     skip();
     if (i >= text.size()) break;
@@ -154,6 +182,10 @@ double textToNumber(std::string_view text) {
     if (isDigit(c)) {
       clean += c;
       sawDigit = true;
+      if (!sawPoint) {
+        whole = whole * 10 + static_cast<uint64_t>(c - '0');
+        ++wholeDigits;
+      }
     } else if (c == '.' && !sawPoint) {
       clean += c;
       sawPoint = true;
@@ -181,8 +213,19 @@ double textToNumber(std::string_view text) {
       ++i;
     }
     if (expDigit) clean += exponent + (expDigits.empty() ? "0" : expDigits);
+    scaled = expDigit;
   }
-  double result = std::strtod(clean.c_str(), nullptr);
+  if (!sawPoint && !scaled && wholeDigits <= 15) {
+    const auto value = static_cast<double>(whole);
+    return clean.front() == '-' ? -value : value;
+  }
+  // from_chars rounds as strtod does, faster and whatever the locale; strtod still takes a
+  // result out of from_chars' range.
+  double result = 0;
+  const char* begin = clean.data() + (clean.front() == '+' ? 1 : 0);
+  const char* end = clean.data() + clean.size();
+  if (auto [ptr, error] = std::from_chars(begin, end, result); error != std::errc() || ptr != end)
+    result = std::strtod(clean.c_str(), nullptr);
   if (std::isinf(result))
     return result > 0 ? std::numeric_limits<double>::max() : -std::numeric_limits<double>::max();
   return result;

@@ -12,10 +12,14 @@ namespace tavlero {
 // The text between the first "<key>" and the first "</key>" of the record; empty when
 // either is missing or the closing tag comes first. Positions are not limited to 16 bits.
 std::string getField(std::string_view record, std::string_view key);
+// The same text as a view into the record, for readers that only look at it.
+std::string_view fieldView(std::string_view record, std::string_view key);
 
 // The record with the value of the first field "key" replaced; tags and all other text
 // stay. A record that lacks the closing tag is given back unchanged.
 std::string setField(std::string_view record, std::string_view key, std::string_view value);
+// Whether setField would give the record back as it is, which needs no new string.
+bool fieldHolds(std::string_view record, std::string_view key, std::string_view value);
 
 // Stored text of a number: one leading blank when not negative, "." as decimal point,
 // no digit before the point below 1, 7 significant digits for float and 15 for double.

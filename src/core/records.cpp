@@ -16,7 +16,7 @@ std::string tagged(std::string_view key, std::string_view value) {
 }  // namespace
 
 double numberField(std::string_view record, std::string_view key) {
-  return textToNumber(getField(record, key));
+  return textToNumber(fieldView(record, key));
 }
 
 CellFields readCell(std::string_view record) {

@@ -9,30 +9,33 @@ namespace {
 const std::string kNoText;
 }  // namespace
 
-ExportIndex::ExportIndex(const ProjectStore& store) : store_(store) {
+ExportIndex::ExportIndex(const ProjectStore& store)
+    : store_(store), names_(store.itemList.items().size() + store.linkList.items().size()) {
   const auto& items = store.itemList.items();
   const auto& links = store.linkList.items();
-  // The names are numbered through views into these two vectors, so neither may grow
-  // once numbering starts.
+  // The methods' names are numbered first, in list order.
   methods_.reserve(items.size());
-  for (const std::string& record : items)
-    methods_.push_back({getField(record, key::methodName), getField(record, key::shortDescription),
-                        toLong(numberField(record, key::cellColor)), -1, -1});
+  for (const std::string& record : items) {
+    const int32_t id = names_.add(fieldView(record, key::methodName));
+    methods_.push_back({names_.name(id), fieldView(record, key::shortDescription),
+                        toLong(numberField(record, key::cellColor)), id, -1});
+  }
   links_.reserve(links.size());
-  for (const std::string& link : links)
-    links_.push_back({getField(link, key::linkSource), getField(link, key::linkTarget), -1, -1});
+  for (const std::string& link : links) {
+    const int32_t source = names_.add(fieldView(link, key::linkSource));
+    const int32_t target = names_.add(fieldView(link, key::linkTarget));
+    links_.push_back({names_.name(source), names_.name(target), source, target});
+  }
 
   for (const Method& method : methods_) textBytes_ += 3 * method.name.size() + method.summary.size();
   for (const Link& link : links_) textBytes_ += link.source.size() + link.target.size();
 
-  ids_.reserve(methods_.size() + links_.size());
   // Equal records have equal names, so a record is compared only with the earlier cells
   // of its name, found through a chain from the first of them.
   std::vector<int16_t> firstMethodOfName;
   std::vector<int16_t> nextOfSameName(methods_.size(), -1);
   for (size_t i = 0; i < methods_.size(); ++i) {
     Method& method = methods_[i];
-    method.nameId = idOf(method.name);
     const auto id = static_cast<size_t>(method.nameId);
     const auto self = static_cast<int16_t>(i);
     method.firstEqualRecord = self;
@@ -50,19 +53,10 @@ ExportIndex::ExportIndex(const ProjectStore& store) : store_(store) {
     nextOfSameName[static_cast<size_t>(lastMethodOfName_[id])] = self;
     lastMethodOfName_[id] = self;
   }
-  for (Link& link : links_) {
-    link.sourceId = idOf(link.source);
-    link.targetId = idOf(link.target);
-  }
-  lastMethodOfName_.resize(ids_.size(), -1);  // names that only links use
-  auto empty = ids_.find(std::string_view());
-  if (empty != ids_.end()) emptyNameId_ = empty->second;
-  bySource_ = group(links_, &Link::sourceId, ids_.size());
-  byTarget_ = group(links_, &Link::targetId, ids_.size());
-}
-
-int32_t ExportIndex::idOf(std::string_view name) {
-  return ids_.try_emplace(name, static_cast<int32_t>(ids_.size())).first->second;
+  lastMethodOfName_.resize(names_.size(), -1);  // names that only links use
+  emptyNameId_ = names_.find({});
+  bySource_ = group(links_, &Link::sourceId, names_.size());
+  byTarget_ = group(links_, &Link::targetId, names_.size());
 }
 
 ExportIndex::Groups ExportIndex::group(const std::vector<Link>& links, int32_t Link::*end, size_t names) {
@@ -87,17 +81,17 @@ int32_t ExportIndex::nameIdOf(int16_t method) const {
   return validMethod(method) ? methods_[static_cast<size_t>(method)].nameId : emptyNameId_;
 }
 
-const std::string& ExportIndex::methodName(int16_t method) const {
-  return validMethod(method) ? methods_[static_cast<size_t>(method)].name : kNoText;
+std::string_view ExportIndex::methodName(int16_t method) const {
+  return validMethod(method) ? methods_[static_cast<size_t>(method)].name : std::string_view();
 }
 
-const std::string& ExportIndex::shortDescription(int16_t method) const {
-  return validMethod(method) ? methods_[static_cast<size_t>(method)].summary : kNoText;
+std::string_view ExportIndex::shortDescription(int16_t method) const {
+  return validMethod(method) ? methods_[static_cast<size_t>(method)].summary : std::string_view();
 }
 
-std::string ExportIndex::longDescription(int16_t method) const {
+const std::string& ExportIndex::longDescription(int16_t method) const {
   // The store answers an empty record with nothing, whatever its slot holds.
-  if (!validMethod(method) || store_.itemList.List(method).empty()) return {};
+  if (!validMethod(method) || store_.itemList.List(method).empty()) return kNoText;
   return store_.getLongDescription(methods_[static_cast<size_t>(method)].firstEqualRecord);
 }
 

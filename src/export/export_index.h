@@ -8,9 +8,9 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "core/name_index.h"
 #include "core/project_store.h"
 
 namespace tavlero {
@@ -20,11 +20,11 @@ class ExportIndex {
   explicit ExportIndex(const ProjectStore& store);
 
   // A position outside itemList reads as a record with nothing in it.
-  const std::string& methodName(int16_t method) const;
-  const std::string& shortDescription(int16_t method) const;
+  std::string_view methodName(int16_t method) const;
+  std::string_view shortDescription(int16_t method) const;
   // As getField(record, "longDescription") of the store: the long description of the first
   // entry of itemList equal to the record.
-  std::string longDescription(int16_t method) const;
+  const std::string& longDescription(int16_t method) const;
 
   // Positions in linkList, in list order, of the links whose linkSource (linkTarget) is
   // the method's name.
@@ -37,8 +37,8 @@ class ExportIndex {
     return textBytes_ + perMethod * methods_.size() + perLink * links_.size();
   }
 
-  const std::string& linkSource(int16_t link) const { return links_[static_cast<size_t>(link)].source; }
-  const std::string& linkTarget(int16_t link) const { return links_[static_cast<size_t>(link)].target; }
+  std::string_view linkSource(int16_t link) const { return links_[static_cast<size_t>(link)].source; }
+  std::string_view linkTarget(int16_t link) const { return links_[static_cast<size_t>(link)].target; }
   // The cellColor of the last cell named by the link's end; 0 when no cell has that name.
   int32_t sourceColour(int16_t link) const {
     return colourOfName(links_[static_cast<size_t>(link)].sourceId);
@@ -48,14 +48,16 @@ class ExportIndex {
   }
 
  private:
+  // The names are views into names_, the summaries into the store's records, which no
+  // export changes.
   struct Method {
-    std::string name, summary;
+    std::string_view name, summary;
     int32_t colour;
     int32_t nameId;
     int16_t firstEqualRecord;
   };
   struct Link {
-    std::string source, target;
+    std::string_view source, target;
     int32_t sourceId, targetId;
   };
   // Links grouped by the number of one end's name, list order kept within a group.
@@ -65,7 +67,6 @@ class ExportIndex {
     std::span<const int16_t> of(int32_t id) const;
   };
 
-  int32_t idOf(std::string_view name);
   int32_t nameIdOf(int16_t method) const;
   bool validMethod(int16_t method) const {
     return method >= 0 && static_cast<size_t>(method) < methods_.size();
@@ -74,7 +75,7 @@ class ExportIndex {
   static Groups group(const std::vector<Link>& links, int32_t Link::*end, size_t names);
 
   const ProjectStore& store_;
-  std::unordered_map<std::string_view, int32_t> ids_;
+  NameIndex names_;  // every name of a method or a link, methods' first
   std::vector<Method> methods_;
   std::vector<Link> links_;
   std::vector<int16_t> lastMethodOfName_;

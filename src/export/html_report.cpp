@@ -1,6 +1,7 @@
 #include "export/html_report.h"
 
-#include <cstdio>
+#include <cctype>
+#include <charconv>
 
 #include "export/export_file.h"
 #include "export/export_index.h"
@@ -20,7 +21,7 @@ void appendTable(std::string& out, const ProjectStore& store, const ExportIndex&
   out.append("<font face=").append(quote).append(store.fontName).append(quote).append("><table border>");
   int16_t column = 0;
   for (int16_t link : links) {
-    const std::string& other = showTarget ? index.linkTarget(link) : index.linkSource(link);
+    const std::string_view other = showTarget ? index.linkTarget(link) : index.linkSource(link);
     int32_t colour = showTarget ? index.targetColour(link) : index.sourceColour(link);
     if (column == store.htmlTableColumns) {
       out += "</tr><tr>";
@@ -41,11 +42,17 @@ void appendTable(std::string& out, const ProjectStore& store, const ExportIndex&
 }  // namespace
 
 std::string colourText(int32_t colour) {
-  char hex[9];
-  std::snprintf(hex, sizeof hex, "%X", static_cast<uint32_t>(colour));
-  std::string digits = hex;
-  if (digits.size() < 6) digits.insert(0, 6 - digits.size(), '0');
-  return "#" + digits.substr(digits.size() - 2) + digits.substr(2, 2) + digits.substr(0, 2);
+  // The hexadecimal digits, at least six; without printf, as a report writes one for each
+  // link twice.
+  char digits[8];
+  char* end = std::to_chars(digits, digits + sizeof digits, static_cast<uint32_t>(colour), 16).ptr;
+  const auto count = static_cast<size_t>(end - digits);
+  std::string hex(count < 6 ? 6 - count : 0, '0');
+  for (const char* c = digits; c != end; ++c)
+    hex += static_cast<char>(std::toupper(static_cast<unsigned char>(*c)));
+  std::string text = "#";
+  text.append(hex, hex.size() - 2, 2).append(hex, 2, 2).append(hex, 0, 2);
+  return text;
 }
 
 void appendMethodHtml(std::string& out, const ProjectStore& store, const ExportIndex& index,

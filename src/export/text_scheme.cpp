@@ -26,7 +26,7 @@ void appendSchemeText(std::string& out, const ProjectStore& store, const ExportI
                       int16_t position) {
   static const std::string kProcedure = "Fremgangsmåte:"_cp;
   const std::string& sep = store.fieldSeparator;
-  const std::string& name = index.methodName(position);
+  const std::string_view name = index.methodName(position);
   out.append("Metode: ").append(name).append(kLineEnd).append(kLineEnd);
   out.append("Oppsummering: ").append(index.shortDescription(position)).append(kLineEnd).append(kLineEnd);
   out.append("'").append(name).append("' benytter:").append(sep).append(sep);

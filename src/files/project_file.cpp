@@ -1,11 +1,12 @@
 #include "files/project_file.h"
 
-#include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "board/board.h"
 #include "board/compress.h"
 #include "core/cp1252.h"
+#include "core/name_index.h"
 #include "core/record.h"
 #include "core/records.h"
 #include "files/project_text.h"
@@ -37,15 +38,14 @@ void reportLeftOut(App& app, size_t methods, size_t links) {
 // The records as a redraw leaves them: a link that names a cell no longer there is
 // removed; one with an end left empty stays, as the drawing leaves it alone.
 void removeLinksToMissingCells(ProjectStore& store) {
-  std::unordered_set<std::string> names;
-  names.reserve(store.itemList.items().size());
-  for (const std::string& record : store.itemList.items()) names.insert(getField(record, key::methodName));
+  NameIndex names(store.itemList.items().size());
+  for (const std::string& record : store.itemList.items()) names.add(fieldView(record, key::methodName));
   std::vector<int16_t> gone;
   const auto& links = store.linkList.items();
   for (size_t i = 0; i < links.size(); ++i) {
-    LinkEnds ends = readLink(links[i]);
-    if (!ends.source.empty() && !ends.target.empty() &&
-        (!names.contains(ends.source) || !names.contains(ends.target)))
+    std::string_view source = fieldView(links[i], key::linkSource);
+    std::string_view target = fieldView(links[i], key::linkTarget);
+    if (!source.empty() && !target.empty() && (names.find(source) < 0 || names.find(target) < 0))
       gone.push_back(static_cast<int16_t>(i));
   }
   if (gone.empty()) return;
@@ -53,8 +53,9 @@ void removeLinksToMissingCells(ProjectStore& store) {
   store.linkSizeList.RemoveItems(gone);
 }
 
-// Everything of the reader after the file was read; the lists are already empty.
-void readProjectText(App& app, const std::string& fileText, AfterReading after) {
+// Everything of the reader after the file was read; the lists are already empty. The text
+// goes as soon as its lists are read, so that what comes after reuses its memory.
+void readProjectText(App& app, std::string fileText, AfterReading after) {
   ProjectStore& store = app.store;
   store.programName = getField(fileText, key::projectName);
   store.programDescription = getField(fileText, key::projectDescription);
@@ -72,6 +73,7 @@ void readProjectText(App& app, const std::string& fileText, AfterReading after) 
   }
 
   const LeftOut leftOut = readLists(store, fileText);
+  std::string().swap(fileText);
   store.leftOutAtReading = leftOut.methods + leftOut.links;
   if (store.leftOutAtReading > 0) reportLeftOut(app, leftOut.methods, leftOut.links);
 
@@ -110,13 +112,13 @@ bool readProject(App& app, const std::string& path, AfterReading after) {
   std::string fileText;
   // A path that names no file, in a folder that exists, becomes an empty file first.
   if (readWholeFile(path, fileText, IfMissing::CreateEmpty) != FileError::None) return false;
-  readProjectText(app, fileText, after);
+  readProjectText(app, std::move(fileText), after);
   return true;
 }
 
 void readProjectFromText(App& app, const std::string& fileText) {
   clearProject(app.store);
-  readProjectText(app, fileText, AfterReading::Draw);
+  readProjectText(app, std::string(fileText), AfterReading::Draw);
 }
 
 bool showSaveDialog(App& app, const std::string& filter, const std::string& defaultExt) {
@@ -156,7 +158,7 @@ void openProjectDialog(App& app) {
   app.store.projectFileName = dialog.FileTitle;
   app.store.projectFolder = dialog.FileName.substr(0, dialog.FileName.size() - dialog.FileTitle.size());
   clearProject(app.store);
-  readProjectText(app, fileText, AfterReading::Draw);
+  readProjectText(app, std::move(fileText), AfterReading::Draw);
 }
 
 }  // namespace tavlero

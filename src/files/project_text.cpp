@@ -2,8 +2,10 @@
 
 #include <string.h>
 
+#include <atomic>
 #include <cmath>
 #include <future>
+#include <optional>
 #include <utility>
 
 #include "core/record.h"
@@ -71,49 +73,68 @@ std::string projectFileText(const ProjectStore& store) {
   return out;
 }
 
-size_t ElementScanner::Finder::from(std::string_view text, size_t offset) {
-  // The offset only grows: a tag found at or behind it is still the first one.
-  if (!known || (found != std::string_view::npos && found < offset)) {
-    // memmem rather than find: find stops at every '<' of the file to compare the rest.
-    const void* at = offset > text.size()
-                         ? nullptr
-                         : memmem(text.data() + offset, text.size() - offset, tag.data(), tag.size());
-    found = at ? static_cast<size_t>(static_cast<const char*>(at) - text.data()) : std::string_view::npos;
-    known = true;
-  }
-  return found;
+size_t findText(std::string_view text, std::string_view what, size_t from) {
+  const void* at =
+      from > text.size() ? nullptr : memmem(text.data() + from, text.size() - from, what.data(), what.size());
+  return at ? static_cast<size_t>(static_cast<const char*>(at) - text.data()) : std::string_view::npos;
+}
+
+size_t ElementScanner::Places::from(size_t offset) {
+  while (next < at.size() && at[next] < offset) ++next;
+  return next < at.size() ? at[next] : std::string_view::npos;
 }
 
 ElementScanner::ElementScanner(std::string_view text, std::string_view key, size_t skipBehind)
-    : text_(text), skipBehind_(skipBehind) {
-  open_.tag.append("<").append(key).append(">");
-  close_.tag.append("</").append(key).append(">");
+    : text_(text), skipBehind_(skipBehind), openSize_(key.size() + 2), closeSize_(key.size() + 3) {
+  // Both tags end in "key>": each place of that is the opening tag behind a '<', the
+  // closing one behind "</", or neither.
+  const std::string ending = std::string(key) + ">";
+  for (size_t hit = findText(text, ending, 1); hit != std::string_view::npos;
+       hit = findText(text, ending, hit + 1)) {
+    if (text[hit - 1] == '<')
+      open_.at.push_back(hit - 1);
+    else if (hit >= 2 && text[hit - 1] == '/' && text[hit - 2] == '<')
+      close_.at.push_back(hit - 2);
+  }
 }
 
 std::string_view ElementScanner::next() {
   if (offset_ >= text_.size()) return {};
-  size_t openPos = open_.from(text_, offset_);
-  size_t closePos = close_.from(text_, offset_);
+  size_t openPos = open_.from(offset_);
+  size_t closePos = close_.from(offset_);
   // Without an opening tag the search counts from the start of the text left, as getField.
-  size_t start =
-      openPos == std::string_view::npos ? offset_ + open_.tag.size() - 1 : openPos + open_.tag.size();
+  size_t start = openPos == std::string_view::npos ? offset_ + openSize_ - 1 : openPos + openSize_;
   if (closePos == std::string_view::npos || closePos <= start) return {};
-  offset_ = closePos + close_.tag.size() + skipBehind_;
+  offset_ = closePos + closeSize_ + skipBehind_;
   return text_.substr(start, closePos - start);
 }
 
 MethodParts splitMethod(std::string_view element) {
+  constexpr size_t npos = std::string_view::npos;
   constexpr std::string_view kOpenText = "<longDescription";
   constexpr std::string_view kCloseTag = "</longDescription>";
+  // The first "<longDescription", "<longDescription>" and "</longDescription>", in one pass
+  // from '<' to '<' of the element.
+  size_t cutStart = npos;
+  size_t openTag = npos;
+  size_t closePos = npos;
+  for (size_t at = element.find('<'); at != npos && (openTag == npos || closePos == npos);
+       at = element.find('<', at + 1)) {
+    const std::string_view rest = element.substr(at);
+    if (rest.starts_with(kOpenText)) {
+      if (cutStart == npos) cutStart = at;
+      if (openTag == npos && rest.size() > kOpenText.size() && rest[kOpenText.size()] == '>') openTag = at;
+    } else if (closePos == npos && rest.starts_with(kCloseTag)) {
+      closePos = at;
+    }
+  }
   MethodParts parts;
-  size_t cutStart = element.find(kOpenText);
-  if (cutStart == std::string_view::npos) {
+  if (cutStart == npos) {
     parts.hasLongDescription = false;
     parts.record = element;
     return parts;
   }
-  size_t closePos = element.find(kCloseTag);
-  if (closePos == std::string_view::npos) {
+  if (closePos == npos) {
     parts.closedLongDescription = false;
     std::string_view rest = element.substr(cutStart + kOpenText.size());
     if (!rest.empty() && rest.front() == '>') rest.remove_prefix(1);
@@ -121,17 +142,30 @@ MethodParts splitMethod(std::string_view element) {
     parts.record = element.substr(0, cutStart);
     return parts;
   }
-  parts.longDescription = getField(element, key::longDescription);
+  // As getField(element, "longDescription") finds it.
+  const size_t start = openTag == npos ? kOpenText.size() : openTag + kOpenText.size() + 1;
+  if (closePos > start) parts.longDescription = element.substr(start, closePos - start);
   size_t cutEnd = closePos + kCloseTag.size();
   parts.record.reserve(cutStart + element.size() - cutEnd);
   parts.record.append(element.substr(0, cutStart)).append(element.substr(cutEnd));
+  // The part before the cut holds no "<longDescription": one can only start just before
+  // the cut and run over it, or stand behind it.
+  const size_t joint = cutStart < kOpenText.size() ? 0 : cutStart - kOpenText.size();
+  parts.recordHoldsOpenText = parts.record.find(kOpenText, joint) != std::string::npos;
   return parts;
 }
 
 namespace {
 
+// Room in both lists for the elements to come, so that they are not copied as they grow.
+void reserve(StringList& records, StringList& geometry, size_t count, size_t most) {
+  records.reserve(std::min(count, most));
+  geometry.reserve(std::min(count, most));
+}
+
 size_t readMethods(ProjectStore& store, std::string_view fileText) {
   ElementScanner scanner(fileText, key::userMethod, kSkipBehindMethod);
+  reserve(store.itemList, store.sizeList, scanner.openings(), ProjectStore::kMaxMethods);
   size_t leftOut = 0;
   // An element can only equal an earlier record when such a record kept a
   // "<longDescription" of its own; until then the store's lookup would find nothing.
@@ -147,7 +181,7 @@ size_t readMethods(ProjectStore& store, std::string_view fileText) {
     if (recordsHoldTag && parts.hasLongDescription && parts.closedLongDescription)
       longDescription = store.getField(element, key::longDescription);
     store.setLongDescription(n, std::move(longDescription));
-    if (parts.record.find("<longDescription") != std::string::npos) recordsHoldTag = true;
+    if (parts.recordHoldsOpenText) recordsHoldTag = true;
     store.itemList.AddItem(std::move(parts.record));
     store.sizeList.AddItem(std::string(kGeometryPlaceholder));
   }
@@ -156,6 +190,7 @@ size_t readMethods(ProjectStore& store, std::string_view fileText) {
 
 size_t readLinks(ProjectStore& store, std::string_view fileText) {
   ElementScanner scanner(fileText, key::userLink, kSkipBehindLink);
+  reserve(store.linkList, store.linkSizeList, scanner.openings(), ProjectStore::kMaxLinks);
   size_t leftOut = 0;
   for (std::string_view element = scanner.next(); !element.empty(); element = scanner.next()) {
     if (!store.linkList.AddItem(std::string(element))) {
@@ -170,12 +205,18 @@ size_t readLinks(ProjectStore& store, std::string_view fileText) {
 }  // namespace
 
 LeftOut readLists(ProjectStore& store, std::string_view fileText) {
-  // The links take another thread when one can be had, else they wait for the methods.
-  std::future<size_t> links = std::async(std::launch::async | std::launch::deferred,
-                                         [&store, fileText] { return readLinks(store, fileText); });
+  // The links take another thread when one can be had. On a busy machine that thread may
+  // not have begun when the methods are read; this one then reads the links itself.
+  std::atomic<bool> taken = false;
+  auto links = [&store, fileText, &taken] {
+    return taken.exchange(true) ? std::nullopt : std::optional(readLinks(store, fileText));
+  };
+  std::future<std::optional<size_t>> there = std::async(std::launch::async | std::launch::deferred, links);
   LeftOut leftOut;
   leftOut.methods = readMethods(store, fileText);
-  leftOut.links = links.get();
+  const std::optional<size_t> here = links();
+  const std::optional<size_t> read = there.get();
+  leftOut.links = here ? *here : *read;
   return leftOut;
 }
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/project_store.h"
 
@@ -22,10 +23,15 @@ int16_t fontSizeOf(std::string_view text);
 // read from a file carries round it does not pile up at every save.
 std::string_view trimRecord(std::string_view record);
 
+// text.find(what, from), by memmem: find stops at every character like what's first one to
+// compare the rest, which in a whole file is every '<'.
+size_t findText(std::string_view text, std::string_view what, size_t from = 0);
+
 // One loop of the reader over the userMethod or userLink elements: each round takes
 // getField(workText, key) of the text not yet scanned and cuts that text behind the
-// element's closing tag and skipBehind more characters. The cut is an offset, and the
-// tag searches remember where they found their tag, so a whole file costs linear time.
+// element's closing tag and skipBehind more characters. The cut is an offset, and every
+// place of both tags is found first, in one search of the whole text, so a whole file
+// costs linear time.
 class ElementScanner {
  public:
   ElementScanner(std::string_view text, std::string_view key, size_t skipBehind);
@@ -35,20 +41,25 @@ class ElementScanner {
   // Start of the text not yet scanned, as an index into the whole text. At the end of
   // the loop, the start of the round that found nothing.
   size_t offset() const { return offset_; }
+  // How many opening tags the text holds: about how many elements the loop will give.
+  size_t openings() const { return open_.at.size(); }
 
  private:
-  struct Finder {
-    std::string tag;
-    size_t found = 0;
-    bool known = false;
-    size_t from(std::string_view text, size_t offset);
+  // The places of one tag, in order; the offset only grows, so a cursor walks them.
+  struct Places {
+    std::vector<size_t> at;
+    size_t next = 0;
+    // The first place at or behind offset; npos when there is none.
+    size_t from(size_t offset);
   };
 
   std::string_view text_;
   size_t skipBehind_;
   size_t offset_ = 0;
-  Finder open_;
-  Finder close_;
+  size_t openSize_;   // "<key>"
+  size_t closeSize_;  // "</key>"
+  Places open_;
+  Places close_;
 };
 
 // A userMethod element cut into the cell record and the long description.
@@ -57,6 +68,7 @@ struct MethodParts {
   std::string longDescription;
   bool hasLongDescription = true;     // the element held "<longDescription"
   bool closedLongDescription = true;  // and "</longDescription>"
+  bool recordHoldsOpenText = false;   // the record still holds "<longDescription"
 };
 
 // The record is the element less "<longDescription" through "</longDescription>", the

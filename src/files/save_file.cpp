@@ -379,20 +379,24 @@ FileError readWholeFile(const std::string& path, std::string& bytes, IfMissing m
   if (!file.valid()) return create ? creatingErrorOf(errno) : errorOf(errno);
   if (::fstat(file.get(), &info) != 0) return errorOf(errno);
   if (FileError kind = readableKind(info); kind != FileError::None) return kind;
+  // Read straight into the text, with a byte of room beyond the file's size for the read
+  // that finds the end; a file that grows meanwhile grows the text.
   std::string text;
-  reserveLarge(text, static_cast<size_t>(info.st_size));
-  char buffer[65536];
+  reserveLarge(text, static_cast<size_t>(info.st_size) + 1);
+  size_t size = 0;
   for (;;) {
-    ssize_t got = ::read(file.get(), buffer, sizeof buffer);
+    if (size == text.size()) text.resize(std::max(text.capacity(), size + 65536));
+    ssize_t got = ::read(file.get(), text.data() + size, text.size() - size);
     if (got < 0) {
       if (errno == EINTR) continue;
       return errorOf(errno);
     }
     if (got == 0) break;
+    size += static_cast<size_t>(got);
     // A file that grows while it is read is held to the same limit.
-    if (text.size() + static_cast<size_t>(got) > kMaxReadBytes) return FileError::TooLarge;
-    text.append(buffer, static_cast<size_t>(got));
+    if (size > kMaxReadBytes) return FileError::TooLarge;
   }
+  text.resize(size);
   bytes = std::move(text);
   return FileError::None;
 }
