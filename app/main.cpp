@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <clocale>
 #include <string>
 
 #include "program/startup.h"
@@ -11,6 +12,9 @@
 
 int main(int argc, char* argv[]) {
   QApplication application(argc, argv);
+  // Qt takes the user's locale for the C library too; under a Norwegian one a number in a
+  // plan would read up to its decimal point only.
+  std::setlocale(LC_NUMERIC, "C");
   tavlero::installNorwegian(application);
   tavlero::Desktop desktop;
 

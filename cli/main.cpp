@@ -7,6 +7,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -79,7 +80,10 @@ std::unique_ptr<QGuiApplication> startQt(char* program) {
   // Qt is given no arguments of ours: a project named like a Qt option stays a project.
   static int argc = 1;
   static char* argv[] = {program, nullptr};
-  return std::make_unique<QGuiApplication>(argc, argv);
+  auto application = std::make_unique<QGuiApplication>(argc, argv);
+  // Numbers in a plan have a decimal point, whatever locale Qt took from the user.
+  std::setlocale(LC_NUMERIC, "C");
+  return application;
 }
 #endif
 

@@ -7,6 +7,7 @@ example="$data/files/write/kalkulator.tvl"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 failures=0
+[ -x "$cli" ] || { echo "FAIL: $cli is not built"; exit 1; }
 fail() { echo "FAIL: $*" && failures=$((failures + 1)); }
 
 # expect CODE COMMAND...: runs the command with stdout and stderr kept in $work.
@@ -60,7 +61,7 @@ expect 0 "$cli" save --settings "$work/s.cfg" "$work/noise.tvl" "$work/noise-out
 expect 0 "$cli" save --settings "$work/s.cfg" "$example" -
 cmp -s "$work/out" "$data/files/write/kalkulator_read_back.tvl" || fail "save to - did not give the expected bytes"
 mkfifo "$work/fifo"
-cat "$work/fifo" >"$work/from-fifo" &
+timeout 20 cat "$work/fifo" >"$work/from-fifo" &
 expect 0 timeout 10 "$cli" save --settings "$work/s.cfg" "$example" "$work/fifo"
 wait
 cmp -s "$work/from-fifo" "$data/files/write/kalkulator_read_back.tvl" || fail "the FIFO's reader did not get the plan"
