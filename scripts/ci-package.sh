@@ -46,6 +46,8 @@ tavlero-cli picture "$work/plan.tvl" "$work/plan.svg" && grep -q "bestill(handle
 export DISPLAY=:$((90 + RANDOM % 100))
 Xvfb "$DISPLAY" -screen 0 1280x1024x24 >/dev/null 2>&1 &
 xvfb=$!
+# A program started before the server takes connections finds no display.
+for _ in $(seq 100); do xdotool getdisplaygeometry >/dev/null 2>&1 && break; sleep 0.1; done
 window() {
   for _ in $(seq 150); do
     xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n 1 && return
