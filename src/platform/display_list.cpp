@@ -6,24 +6,52 @@
 namespace tavlero {
 
 void DisplayList::clear() {
+  // An unchanged board redrawn makes the same picture: its index waits for it.
+  if (indexed_ > 0 && indexed_ == ops_.size() && !fresh_)
+    last_ = {std::move(recipe_), ops_.size(),       std::move(grid_), std::move(huge_),
+             std::move(loose_),  std::move(again_), std::move(kept_)};
   ops_.clear();
   texts_.clear();
   printed_.clear();
-  shared_.clear();
+  kept_.clear();
   fonts_.clear();
+  fontsOf_ = nullptr;
+  keptFonts_.clear();
   grid_ = {};
   huge_.clear();
   loose_.clear();
   again_.clear();
   indexed_ = 0;
+  recipe_.clear();
+  fresh_ = false;
 }
 
 void DisplayList::add(const DrawOp& op) {
   ops_.push_back(op);
+  fresh_ = true;
 }
 
-uint32_t DisplayList::addText(std::string text) {
-  texts_.push_back(&printed_.emplace_back(std::move(text)));
+std::string_view TextStore::hold(std::string_view text) {
+  if (text.size() > room_) {
+    constexpr size_t kBlock = 64 * 1024;
+    room_ = std::max(kBlock, text.size());
+    next_ = blocks_.emplace_back(std::make_unique_for_overwrite<char[]>(room_)).get();
+  }
+  char* at = next_;
+  std::copy(text.begin(), text.end(), at);
+  next_ += text.size();
+  room_ -= text.size();
+  return {at, text.size()};
+}
+
+void TextStore::clear() {
+  blocks_.clear();
+  next_ = nullptr;
+  room_ = 0;
+}
+
+uint32_t DisplayList::addText(std::string_view text) {
+  texts_.push_back(printed_.hold(text));
   return static_cast<uint32_t>(texts_.size() - 1);
 }
 
@@ -36,43 +64,81 @@ uint32_t DisplayList::addFont(const FontSpec& font) {
   return static_cast<uint32_t>(fonts_.size() - 1);
 }
 
-std::shared_ptr<const DrawnOps> DisplayList::copy(size_t from, size_t to) const {
-  auto drawn = std::make_shared<DrawnOps>();
-  drawn->ops.assign(ops_.begin() + static_cast<ptrdiff_t>(from), ops_.begin() + static_cast<ptrdiff_t>(to));
-  if (!drawn->ops.empty()) drawn->bounds = bounds(drawn->ops.front());
-  for (DrawOp& op : drawn->ops) {
-    drawn->bounds = unite(drawn->bounds, bounds(op));
-    if (op.kind != DrawKind::Text) continue;
-    drawn->texts.push_back(*texts_[op.text]);
-    op.text = static_cast<uint32_t>(drawn->texts.size() - 1);
-    const FontSpec& font = fonts_[op.font];
-    auto known = std::find(drawn->fonts.begin(), drawn->fonts.end(), font);
-    op.font = static_cast<uint32_t>(known - drawn->fonts.begin());
-    if (known == drawn->fonts.end()) drawn->fonts.push_back(font);
+namespace {
+
+// Operations kept at the end of kept with their texts and fonts, as textOf and fontOf give them.
+template <typename TextOf, typename FontOf>
+KeptRange keepOps(const DrawOp* begin, const DrawOp* end, TextOf textOf, FontOf fontOf, KeptDrawings& kept) {
+  KeptRange range{static_cast<uint32_t>(kept.ops.size()), static_cast<uint32_t>(kept.ops.size())};
+  if (begin != end) range.bounds = DisplayList::bounds(*begin);
+  for (const DrawOp* it = begin; it != end; ++it) {
+    DrawOp op = *it;
+    range.bounds = DisplayList::unite(range.bounds, DisplayList::bounds(op));
+    if (op.kind == DrawKind::Text) {
+      kept.texts.push_back(kept.chars.hold(textOf(op.text)));
+      op.text = static_cast<uint32_t>(kept.texts.size() - 1);
+      const FontSpec& font = fontOf(op.font);
+      auto known = std::find(kept.fonts.begin(), kept.fonts.end(), font);
+      op.font = static_cast<uint32_t>(known - kept.fonts.begin());
+      if (known == kept.fonts.end()) kept.fonts.push_back(font);
+    }
+    kept.ops.push_back(op);
   }
-  return drawn;
+  range.to = static_cast<uint32_t>(kept.ops.size());
+  return range;
 }
 
-void DisplayList::append(std::shared_ptr<const DrawnOps> drawn) {
-  // Its fonts are few (a cell has two), so each is looked up once, not once a text.
-  constexpr size_t kFew = 4;
-  uint32_t fonts[kFew];
-  for (size_t i = 0; i < drawn->fonts.size() && i < kFew; ++i) fonts[i] = addFont(drawn->fonts[i]);
-  const auto firstText = static_cast<uint32_t>(texts_.size());
-  for (const std::string& text : drawn->texts) texts_.push_back(&text);
-  for (DrawOp op : drawn->ops) {
+}  // namespace
+
+KeptRange DisplayList::keep(size_t from, size_t to, KeptDrawings& kept) const {
+  return keepOps(
+      ops_.data() + from, ops_.data() + to, [&](uint32_t text) { return texts_[text]; },
+      [&](uint32_t font) -> const FontSpec& { return fonts_[font]; }, kept);
+}
+
+KeptRange DisplayList::keepAgain(const KeptDrawings& from, const KeptRange& range, KeptDrawings& to) {
+  return keepOps(
+      from.ops.data() + range.from, from.ops.data() + range.to,
+      [&](uint32_t text) { return from.texts[text]; },
+      [&](uint32_t font) -> const FontSpec& { return from.fonts[font]; }, to);
+}
+
+uint32_t DisplayList::fontOf(const KeptDrawings& kept, uint32_t index) {
+  if (fontsOf_ != &kept) {
+    fontsOf_ = &kept;
+    keptFonts_.clear();
+  }
+  if (index >= keptFonts_.size()) keptFonts_.resize(index + 1, UINT32_MAX);
+  if (keptFonts_[index] == UINT32_MAX) keptFonts_[index] = addFont(kept.fonts[index]);
+  return keptFonts_[index];
+}
+
+void DisplayList::madeBy(const void* source, uint32_t from, uint32_t to) {
+  if (!recipe_.empty() && recipe_.back().source == source && recipe_.back().to == from)
+    recipe_.back().to = to;
+  else
+    recipe_.push_back({source, from, to});
+}
+
+void DisplayList::append(const std::shared_ptr<KeptDrawings>& kept, const KeptRange& range) {
+  if (std::find(kept_.begin(), kept_.end(), kept) == kept_.end()) kept_.push_back(kept);
+  const KeptDrawings& source = *kept;
+  for (uint32_t i = range.from; i < range.to; ++i) {
+    DrawOp op = source.ops[i];
     if (op.kind == DrawKind::Text) {
-      op.font = op.font < kFew ? fonts[op.font] : addFont(drawn->fonts[op.font]);
-      op.text += firstText;
+      texts_.push_back(source.texts[op.text]);
+      op.text = static_cast<uint32_t>(texts_.size() - 1);
+      op.font = fontOf(source, op.font);
     }
     ops_.push_back(op);
   }
-  shared_.push_back(std::move(drawn));
+  madeBy(&source, range.from, range.to);
 }
 
 void DisplayList::repeat(size_t from, size_t to) {
   ops_.reserve(ops_.size() + (to - from));
   for (size_t i = from; i < to; ++i) ops_.push_back(ops_[i]);
+  madeBy(this, static_cast<uint32_t>(from), static_cast<uint32_t>(to));
 }
 
 BoardRect DisplayList::unite(const BoardRect& a, const BoardRect& b) {
@@ -172,6 +238,14 @@ void DisplayList::buildGrid() const {
 }
 
 void DisplayList::rebuildIndexIfNeeded() const {
+  if (indexed_ == 0 && !fresh_ && !ops_.empty() && last_.size == ops_.size() && last_.recipe == recipe_) {
+    grid_ = std::move(last_.grid);
+    huge_ = std::move(last_.huge);
+    loose_ = std::move(last_.loose);
+    again_ = std::move(last_.again);
+    indexed_ = ops_.size();
+    last_ = {};
+  }
   again_.resize(ops_.size(), 0);
   // A few operations drawn over the picture wait in a list of their own; many make a new grid.
   if (indexed_ == 0 || loose_.size() + (ops_.size() - indexed_) > 1024 + ops_.size() / 8) buildGrid();
@@ -187,7 +261,7 @@ bool DisplayList::printedAgain(uint32_t opIndex) const {
     const DrawOp& other = ops_[later];
     return later > opIndex && other.kind == DrawKind::Text && other.x1 == op.x1 && other.y1 == op.y1 &&
            (other.font == op.font || fonts_[other.font] == fonts_[op.font]) &&
-           (other.text == op.text || *texts_[other.text] == *texts_[op.text]);
+           (other.text == op.text || texts_[other.text] == texts_[op.text]);
   };
   // A print at the same place has bounds that hold its top left corner, so it sits in the
   // corner's bucket, or among the operations outside the grid.

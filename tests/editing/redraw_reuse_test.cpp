@@ -58,6 +58,15 @@ const Change kChanges[] = {
        w.app.store.itemList.RemoveItem(3);
        w.app.store.sizeList.RemoveItem(3);
      }},
+    {"nothing, after a paint",
+     [](testing::FakeWorld& w) {
+       redrawBoard(w.app), w.canvas.Image().query({0, 0, 50, 50});
+     }},
+    {"a thousand recolourings, then the kept drawings shed",
+     [](testing::FakeWorld& w) {
+       for (int i = 0; i < 1000; ++i)
+         setCellField(w, 0, key::cellColor, i % 2 ? " 65280" : " 255"), redrawBoard(w.app);
+     }},
     {"delete link",
      [](testing::FakeWorld& w) {
        w.app.store.linkList.RemoveItem(0);
