@@ -2,14 +2,18 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <iterator>
 
 namespace tavlero {
 
 void DisplayList::clear() {
-  // An unchanged board redrawn makes the same picture: its index waits for it.
-  if (indexed_ > 0 && indexed_ == ops_.size() && !fresh_)
+  // The next picture takes over this one's index for what they share.
+  if (indexed_ > 0) {
+    for (; indexed_ < ops_.size(); ++indexed_) loose_.push_back(static_cast<uint32_t>(indexed_));
     last_ = {std::move(recipe_), ops_.size(),       std::move(grid_), std::move(huge_),
              std::move(loose_),  std::move(again_), std::move(kept_)};
+  }
   ops_.clear();
   texts_.clear();
   printed_.clear();
@@ -114,10 +118,12 @@ uint32_t DisplayList::fontOf(const KeptDrawings& kept, uint32_t index) {
 }
 
 void DisplayList::madeBy(const void* source, uint32_t from, uint32_t to) {
-  if (!recipe_.empty() && recipe_.back().source == source && recipe_.back().to == from)
-    recipe_.back().to = to;
+  const auto at = static_cast<uint32_t>(ops_.size() - (to - from));
+  Piece* back = recipe_.empty() ? nullptr : &recipe_.back();
+  if (back && back->source == source && back->to == from && back->at + (back->to - back->from) == at)
+    back->to = to;
   else
-    recipe_.push_back({source, from, to});
+    recipe_.push_back({source, from, to, at});
 }
 
 void DisplayList::append(const std::shared_ptr<KeptDrawings>& kept, const KeptRange& range) {
@@ -237,15 +243,87 @@ void DisplayList::buildGrid() const {
   indexed_ = ops_.size();
 }
 
-void DisplayList::rebuildIndexIfNeeded() const {
-  if (indexed_ == 0 && !fresh_ && !ops_.empty() && last_.size == ops_.size() && last_.recipe == recipe_) {
-    grid_ = std::move(last_.grid);
-    huge_ = std::move(last_.huge);
-    loose_ = std::move(last_.loose);
-    again_ = std::move(last_.again);
+void DisplayList::takeOverLastIndex() const {
+  Indexed last = std::move(last_);
+  last_ = {};
+  if (!fresh_ && last.size == ops_.size() && last.recipe == recipe_) {
+    grid_ = std::move(last.grid);
+    huge_ = std::move(last.huge);
+    loose_ = std::move(last.loose);
+    again_ = std::move(last.again);
     indexed_ = ops_.size();
-    last_ = {};
+    return;
   }
+  // Which operation of the last picture each of this one's is, one to one.
+  constexpr uint32_t kNone = UINT32_MAX;
+  std::vector<uint32_t> toNew(last.size, kNone);
+  std::vector<uint32_t> fromLast(ops_.size(), kNone);
+  auto pair = [&](uint32_t lastAt, uint32_t newAt, uint32_t count) {
+    for (uint32_t k = 0; k < count; ++k) {
+      if (toNew[lastAt + k] != kNone || fromLast[newAt + k] != kNone) continue;
+      toNew[lastAt + k] = newAt + k;
+      fromLast[newAt + k] = lastAt + k;
+    }
+  };
+  std::vector<Piece> kept, repeats;
+  for (const Piece& piece : last.recipe) (piece.source == this ? repeats : kept).push_back(piece);
+  auto before = [](const Piece& a, const Piece& b) {
+    return std::less<const void*>()(a.source, b.source) || (a.source == b.source && a.from < b.from);
+  };
+  std::sort(kept.begin(), kept.end(), before);
+  for (const Piece& piece : recipe_) {
+    if (piece.source == this) {
+      // A repeat's copy is the last picture's copy of the same operation.
+      for (uint32_t k = 0; k < piece.to - piece.from; ++k) {
+        const uint32_t was = fromLast[piece.from + k];
+        for (const Piece& r : repeats)
+          if (was != kNone && r.from <= was && was < r.to) pair(r.at + (was - r.from), piece.at + k, 1);
+      }
+      continue;
+    }
+    // The last picture's pieces of the same keeper whose ranges meet this one's.
+    auto it = std::lower_bound(kept.begin(), kept.end(), Piece{piece.source, piece.from, 0, 0}, before);
+    if (it != kept.begin() && std::prev(it)->source == piece.source) --it;
+    for (; it != kept.end() && it->source == piece.source && it->from < piece.to; ++it) {
+      const uint32_t from = std::max(piece.from, it->from), to = std::min(piece.to, it->to);
+      if (from < to) pair(it->at + (from - it->from), piece.at + (from - piece.from), to - from);
+    }
+  }
+  // The last index with each operation renamed, less those this picture does not hold.
+  grid_ = std::move(last.grid);
+  Grid& g = grid_;
+  uint32_t begin = 0, write = 0;
+  for (size_t b = 0; b + 1 < g.starts.size(); ++b) {
+    const uint32_t end = g.starts[b + 1];
+    g.starts[b] = write;
+    const uint32_t first = write;
+    bool ascending = true;
+    for (uint32_t k = begin; k < end; ++k) {
+      const uint32_t now = toNew[g.items[k]];
+      if (now == kNone) continue;
+      ascending = ascending && (write == first || g.items[write - 1] < now);
+      g.items[write++] = now;
+    }
+    // Pieces taken in another order than before: the bucket keeps drawing order.
+    if (!ascending) std::sort(g.items.begin() + first, g.items.begin() + write);
+    begin = end;
+  }
+  if (!g.starts.empty()) g.starts.back() = write;
+  g.items.resize(write);
+  auto rename = [&](const std::vector<uint32_t>& from, std::vector<uint32_t>& to) {
+    to.clear();
+    for (uint32_t i : from)
+      if (toNew[i] != kNone) to.push_back(toNew[i]);
+  };
+  rename(last.huge, huge_);
+  rename(last.loose, loose_);
+  for (uint32_t i = 0; i < ops_.size(); ++i)
+    if (fromLast[i] == kNone) loose_.push_back(i);
+  indexed_ = ops_.size();
+}
+
+void DisplayList::rebuildIndexIfNeeded() const {
+  if (indexed_ == 0 && last_.size > 0 && !ops_.empty()) takeOverLastIndex();
   again_.resize(ops_.size(), 0);
   // A few operations drawn over the picture wait in a list of their own; many make a new grid.
   if (indexed_ == 0 || loose_.size() + (ops_.size() - indexed_) > 1024 + ops_.size() / 8) buildGrid();

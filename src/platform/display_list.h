@@ -128,6 +128,7 @@ class DisplayList {
 
   uint32_t fontOf(const KeptDrawings& kept, uint32_t index);
   void madeBy(const void* source, uint32_t from, uint32_t to);
+  void takeOverLastIndex() const;
 
   std::vector<DrawOp> ops_;
   std::vector<std::string_view> texts_;  // in printed_ or in one of kept_
@@ -144,17 +145,19 @@ class DisplayList {
   mutable size_t indexed_ = 0;
 
   // How the picture was made, as far as it can be told again: runs of kept operations and
-  // repeats, in order; fresh_ once anything was drawn anew. Two pictures of the same
-  // recipe with nothing fresh hold the same operations, so the later takes the index of
-  // the earlier, as an unchanged board redrawn does.
+  // repeats, in order; fresh_ once anything was drawn anew. An operation that two pictures
+  // took the same way is the same operation, so the later picture's index takes over the
+  // earlier's places for it: wholesale for an unchanged board redrawn, and for all but
+  // what was drawn anew after a change.
   struct Piece {
     const void* source;  // the keeper, or this list for a repeat
     uint32_t from, to;
+    uint32_t at;  // where the piece begins in the picture
     bool operator==(const Piece&) const = default;
   };
   std::vector<Piece> recipe_;
   bool fresh_ = false;
-  // The last picture indexed that can be told again, with what holds its kept drawings,
+  // The last picture indexed, every operation placed, with what holds its kept drawings,
   // until another is cleared.
   struct Indexed {
     std::vector<Piece> recipe;
