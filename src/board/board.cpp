@@ -240,6 +240,34 @@ Drawing& drawingAt(std::vector<Drawing>& drawings, size_t count, size_t index, c
   return drawings[index];
 }
 
+// The entries of a list changed since a revision, by their index now, and the entries
+// taken out, each by the index it had as it went; told is false when the list cannot say.
+struct ListChanges {
+  bool told = false;
+  std::vector<int16_t> changed;  // ascending
+  std::vector<int16_t> removed;
+  bool stands(int16_t index) const {
+    return told && !std::binary_search(changed.begin(), changed.end(), index);
+  }
+};
+
+ListChanges changesOf(const StringList& list, uint64_t since) {
+  ListChanges out;
+  std::vector<StringList::Change> changes;
+  out.told = list.changesSince(since, changes);
+  for (const StringList::Change& change : changes) {
+    if (change.kind != StringList::Change::Kind::Removed) {
+      out.changed.push_back(change.index);
+      continue;
+    }
+    out.removed.push_back(change.index);
+    std::erase(out.changed, change.index);
+    for (int16_t& at : out.changed) at = static_cast<int16_t>(at - (at > change.index ? 1 : 0));
+  }
+  std::sort(out.changed.begin(), out.changed.end());
+  return out;
+}
+
 void drawCellFromMemo(App& app, int16_t index, const CellDrawing& d,
                       const std::shared_ptr<KeptDrawings>& kept, bool geometryStands) {
   ProjectStore& store = app.store;
@@ -446,6 +474,8 @@ void redrawBoard(App& app) {
   std::vector<CellDrawing>& drawings = set.cells;
   const bool recordsStand = set.cellsSeen.records == store.itemList.revision();
   const bool geometryStands = set.cellsSeen.geometry == store.sizeList.revision();
+  const ListChanges records = changesOf(store.itemList, set.cellsSeen.records);
+  const ListChanges geometry = changesOf(store.sizeList, set.cellsSeen.geometry);
   // The boxes as reading sizeList gives them, for the links.
   std::vector<Box> boxes(cellCount);
   const size_t named = memo.cellNames.size();
@@ -453,6 +483,12 @@ void redrawBoard(App& app) {
   // Cells taken out of the list, as their drawings followed them; the names follow one.
   size_t removed = 0;
   int16_t removedAt = -1;
+  for (int16_t at : records.removed) {
+    if (static_cast<size_t>(at) >= drawings.size()) continue;
+    drawings.erase(drawings.begin() + at);
+    ++removed;
+    removedAt = at;
+  }
   size_t live = 0;  // operations of the drawings kept
   for (int16_t i = 0; i < cells; ++i) {
     const std::string& record = store.itemList.List(i);
@@ -463,12 +499,12 @@ void redrawBoard(App& app) {
       removedAt = i;
     }
     StartPen pen = penOf(canvas, i == store.selectedCell);
-    if (d.valid && d.pen == pen && (recordsStand || d.record == record))
-      drawCellFromMemo(app, i, d, set.kept, geometryStands);
+    if (d.valid && d.pen == pen && (recordsStand || records.stands(i) || d.record == record))
+      drawCellFromMemo(app, i, d, set.kept, geometryStands || geometry.stands(i));
     else
       drawCellAfresh(app, i, record, pen, d, *set.kept);
     live += opsOf(d.drawn);
-    const size_t was = static_cast<size_t>(i) + removed;
+    const size_t was = static_cast<size_t>(i) + (i >= removedAt ? removed : 0);
     renamed = renamed || (was < named && memo.cellNames[was] != d.cell.name);
     boxes[static_cast<size_t>(i)] = d.cell.name.empty() ? readBox(store.sizeList.List(i)) : d.box;
   }

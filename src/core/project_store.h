@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/default_font.h"
@@ -61,11 +62,25 @@ class StringList {
   // whether it still holds. Writing an entry with the text it already has is no change.
   uint64_t revision() const { return revision_; }
 
+  // One change as the list tells it: an entry written, added at the end or removed, by the
+  // index it had then.
+  struct Change {
+    enum class Kind : uint8_t { Written, Added, Removed } kind;
+    int16_t index;
+  };
+  // The changes since a revision, oldest first, so that data derived from the list follows
+  // them rather than comparing every entry; false when the list no longer knows them all.
+  bool changesSince(uint64_t revision, std::vector<Change>& changes) const;
+
  private:
-  void changed();
+  void changed(Change change);
+  void changedWholly();
 
   std::vector<std::string> items_;
   uint64_t revision_ = 0;
+  // The last few changes with the revision each made, complete from knownFrom_ on.
+  std::vector<std::pair<uint64_t, Change>> log_;
+  uint64_t knownFrom_ = 0;
 };
 
 class ProjectStore {

@@ -63,6 +63,16 @@ const Change kChanges[] = {
        for (int i = 0; i < 1000; ++i)
          setCellField(w, 0, key::cellColor, i % 2 ? " 65280" : " 255"), redrawBoard(w.app);
      }},
+    {"recolour C, then delete B",
+     [](testing::FakeWorld& w) {
+       setCellField(w, 2, key::cellColor, " 65280");
+       w.app.store.itemList.RemoveItem(1), w.app.store.sizeList.RemoveItem(1);
+     }},
+    {"rename C, then more writes than the list tells",
+     [](testing::FakeWorld& w) {
+       setCellField(w, 2, key::methodName, "D");
+       for (int i = 0; i < 70; ++i) setCellField(w, 0, key::cellColor, i % 2 ? " 65280" : " 255");
+     }},
     {"delete link",
      [](testing::FakeWorld& w) {
        w.app.store.linkList.RemoveItem(0);
