@@ -11,8 +11,11 @@ void DisplayList::clear() {
   // The next picture takes over this one's index for what they share.
   if (indexed_ > 0) {
     for (; indexed_ < ops_.size(); ++indexed_) loose_.push_back(static_cast<uint32_t>(indexed_));
-    last_ = {std::move(recipe_), ops_.size(),       std::move(grid_), std::move(huge_),
-             std::move(loose_),  std::move(again_), std::move(kept_)};
+    // As many as the zoom levels whose drawings the board keeps.
+    constexpr size_t kKept = 3;
+    if (last_.size() == kKept) last_.pop_back();
+    last_.insert(last_.begin(), {std::move(recipe_), ops_.size(), std::move(grid_), std::move(huge_),
+                                 std::move(loose_), std::move(again_), std::move(kept_)});
   }
   ops_.clear();
   texts_.clear();
@@ -244,9 +247,25 @@ void DisplayList::buildGrid() const {
 }
 
 void DisplayList::takeOverLastIndex() const {
-  Indexed last = std::move(last_);
-  last_ = {};
-  if (!fresh_ && last.size == ops_.size() && last.recipe == recipe_) {
+  // The same picture made again takes its index whole; another maps the latest that took
+  // from the same keeper, and a picture of another zoom level leaves them all for later.
+  auto same = std::find_if(last_.begin(), last_.end(), [&](const Indexed& picture) {
+    return !fresh_ && picture.size == ops_.size() && picture.recipe == recipe_;
+  });
+  const bool unchanged = same != last_.end();
+  auto taken = same;
+  if (!unchanged)
+    taken = std::find_if(last_.begin(), last_.end(), [&](const Indexed& picture) {
+      return std::any_of(recipe_.begin(), recipe_.end(), [&](const Piece& piece) {
+        return piece.source != this &&
+               std::any_of(picture.recipe.begin(), picture.recipe.end(),
+                           [&](const Piece& was) { return was.source == piece.source; });
+      });
+    });
+  if (taken == last_.end()) return;
+  Indexed last = std::move(*taken);
+  last_.erase(taken);
+  if (unchanged) {
     grid_ = std::move(last.grid);
     huge_ = std::move(last.huge);
     loose_ = std::move(last.loose);
@@ -323,7 +342,7 @@ void DisplayList::takeOverLastIndex() const {
 }
 
 void DisplayList::rebuildIndexIfNeeded() const {
-  if (indexed_ == 0 && last_.size > 0 && !ops_.empty()) takeOverLastIndex();
+  if (indexed_ == 0 && !last_.empty() && !ops_.empty()) takeOverLastIndex();
   again_.resize(ops_.size(), 0);
   // A few operations drawn over the picture wait in a list of their own; many make a new grid.
   if (indexed_ == 0 || loose_.size() + (ops_.size() - indexed_) > 1024 + ops_.size() / 8) buildGrid();

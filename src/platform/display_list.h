@@ -157,8 +157,8 @@ class DisplayList {
   };
   std::vector<Piece> recipe_;
   bool fresh_ = false;
-  // The last picture indexed, every operation placed, with what holds its kept drawings,
-  // until another is cleared.
+  // The last few pictures indexed, latest first, every operation placed, with what holds
+  // their kept drawings: a zoom back to a level seen before finds its picture among them.
   struct Indexed {
     std::vector<Piece> recipe;
     size_t size = 0;
@@ -167,7 +167,7 @@ class DisplayList {
     std::vector<uint8_t> again;
     std::vector<std::shared_ptr<KeptDrawings>> kept;
   };
-  mutable Indexed last_;
+  mutable std::vector<Indexed> last_;
 };
 
 }  // namespace tavlero

@@ -41,7 +41,10 @@ const Change kChanges[] = {
     {"select link", [](testing::FakeWorld& w) { w.app.store.selectedLink = 2; }},
     {"pen", [](testing::FakeWorld& w) { w.canvas.ForeColor = 255; }},
     {"zoom", [](testing::FakeWorld& w) { zoomIn(w.app); }},
-    {"zoom back", [](testing::FakeWorld& w) { zoomIn(w.app), zoomOut(w.app); }},
+    {"zoom back",
+     [](testing::FakeWorld& w) {
+       zoomIn(w.app), w.canvas.Image().query({0, 0, 50, 50}), zoomOut(w.app);
+     }},
     {"font size", [](testing::FakeWorld& w) { w.app.store.nameFontSize = 9; }},
     {"metrics", [](testing::FakeWorld& w) { w.canvas.charWidth = 2; }},
     {"add", [](testing::FakeWorld& w) { w.addCell("E", 200, 200, "ny"); }},
