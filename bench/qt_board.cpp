@@ -69,6 +69,12 @@ struct QtBoard {
     if (drawn) tavlero::redrawBoard(app);
   }
 
+  // The paint of main's client area, from the board's origin, into window.
+  void paint(QImage& window) {
+    canvas.render(&window, QPoint(), QRegion(0, 0, window.width(), window.height()));
+    benchmark::DoNotOptimize(window.constBits());
+  }
+
   // A press inside cell i and the release, without moving: the cell is selected.
   void select(int i) {
     tavlero::canvas_MouseDown(app, 1, 0, cellX(i) + 2, cellY(i) + 2);
@@ -76,23 +82,30 @@ struct QtBoard {
   }
 };
 
-// The four lists as they stand, to be put back after a change that is measured.
+// The four lists as they stand, to be put back, untimed, after a change that is measured.
 struct Lists {
   explicit Lists(const tavlero::ProjectStore& store)
       : items(store.itemList), sizes(store.sizeList), links(store.linkList), linkSizes(store.linkSizeList) {}
-  void restore(tavlero::App& app) const {
+  void restore(tavlero::App& app, benchmark::State& state) const {
+    state.PauseTiming();
     app.store.itemList = items;
     app.store.sizeList = sizes;
     app.store.linkList = links;
     app.store.linkSizeList = linkSizes;
     app.store.selectedCell = -1;
     tavlero::redrawBoard(app);
+    state.ResumeTiming();
   }
   tavlero::StringList items, sizes, links, linkSizes;
 };
 
 void finish(benchmark::State& state) {
   state.SetComplexityN(state.range(0));
+}
+
+// At 1,000, 10,000 and 32,001 methods, in milliseconds.
+void atEachSize(benchmark::internal::Benchmark* bench) {
+  bench->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond);
 }
 
 void BM_QtRedrawBoard(benchmark::State& state) {
@@ -104,7 +117,7 @@ void BM_QtRedrawBoard(benchmark::State& state) {
   finish(state);
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-BENCHMARK(BM_QtRedrawBoard)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond)->Complexity();
+BENCHMARK(BM_QtRedrawBoard)->Apply(atEachSize)->Complexity();
 
 // F5 and the paint of the window that shows it, which indexes the new picture: one frame.
 void BM_QtRedrawAndPaint(benchmark::State& state) {
@@ -112,18 +125,18 @@ void BM_QtRedrawAndPaint(benchmark::State& state) {
   QImage window(967, 656, QImage::Format_RGB32);
   for (auto _ : state) {
     tavlero::canvas_KeyDown(board.app, kKeyF5, 0);
-    board.canvas.render(&window, QPoint(), QRegion(0, 0, 967, 656));
-    benchmark::DoNotOptimize(window.constBits());
+    board.paint(window);
   }
   finish(state);
 }
-BENCHMARK(BM_QtRedrawAndPaint)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_QtRedrawAndPaint)->Apply(atEachSize);
 
 // A cell in the middle of the board dragged 7 units right and 3 down, or back: the press,
-// one move with the button held and the release that drops it.
-void BM_QtDropCell(benchmark::State& state) {
+// one move with the button held and the release that drops it; and the paint after it.
+void dropCell(benchmark::State& state, bool painted) {
   auto count = static_cast<int>(state.range(0));
   QtBoard board(count);
+  QImage window(967, 656, QImage::Format_RGB32);
   int cell = count / 2;
   float step = 1;
   for (auto _ : state) {
@@ -131,11 +144,22 @@ void BM_QtDropCell(benchmark::State& state) {
     tavlero::canvas_MouseDown(board.app, 1, 0, x, y);
     tavlero::canvas_MouseMove(board.app, 1, 0, x + 7 * step, y + 3 * step);
     tavlero::canvas_MouseUp(board.app, 1, 0, x + 7 * step, y + 3 * step);
+    if (painted) board.paint(window);
     step = -step;
   }
   finish(state);
 }
-BENCHMARK(BM_QtDropCell)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond);
+
+void BM_QtDropCell(benchmark::State& state) {
+  dropCell(state, false);
+}
+BENCHMARK(BM_QtDropCell)->Apply(atEachSize);
+
+// The drop and the paint of the window that shows it, which indexes the new picture: one frame.
+void BM_QtDropAndPaint(benchmark::State& state) {
+  dropCell(state, true);
+}
+BENCHMARK(BM_QtDropAndPaint)->Apply(atEachSize);
 
 // One zoom step, in and out by turns: both levels seen before, after the first round.
 void BM_QtZoomSeenLevel(benchmark::State& state) {
@@ -149,22 +173,27 @@ void BM_QtZoomSeenLevel(benchmark::State& state) {
   }
   finish(state);
 }
-BENCHMARK(BM_QtZoomSeenLevel)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_QtZoomSeenLevel)->Apply(atEachSize);
 
-// One zoom step to a level this board has never been drawn at.
-void BM_QtZoomNewLevel(benchmark::State& state) {
+// change timed on a board made anew for each run, drawn or not, and taken down untimed.
+void onNewBoard(benchmark::State& state, bool drawn, void (*change)(tavlero::App&)) {
   for (auto _ : state) {
     state.PauseTiming();
-    auto board = std::make_unique<QtBoard>(static_cast<int>(state.range(0)));
+    auto board = std::make_unique<QtBoard>(static_cast<int>(state.range(0)), drawn);
     state.ResumeTiming();
-    tavlero::zoomIn(board->app);
+    change(board->app);
     state.PauseTiming();
     board.reset();
     state.ResumeTiming();
   }
   finish(state);
 }
-BENCHMARK(BM_QtZoomNewLevel)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// One zoom step to a level this board has never been drawn at.
+void BM_QtZoomNewLevel(benchmark::State& state) {
+  onNewBoard(state, true, tavlero::zoomIn);
+}
+BENCHMARK(BM_QtZoomNewLevel)->Apply(atEachSize)->Iterations(3);
 
 // A new method through the method dialog's OK, as the last of range(0) methods.
 void BM_QtAddMethod(benchmark::State& state) {
@@ -179,13 +208,11 @@ void BM_QtAddMethod(benchmark::State& state) {
     form->summary = "Den nye metoden.";
     board.app.addMethodForm = std::move(form);
     tavlero::addMethodForm_Command2_Click(board.app);
-    state.PauseTiming();
-    before.restore(board.app);
-    state.ResumeTiming();
+    before.restore(board.app, state);
   }
   finish(state);
 }
-BENCHMARK(BM_QtAddMethod)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond)->Iterations(10);
+BENCHMARK(BM_QtAddMethod)->Apply(atEachSize)->Iterations(10);
 
 // The summary of a selected method changed through the method dialog's OK, by turns.
 void BM_QtEditMethod(benchmark::State& state) {
@@ -203,7 +230,7 @@ void BM_QtEditMethod(benchmark::State& state) {
   }
   finish(state);
 }
-BENCHMARK(BM_QtEditMethod)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_QtEditMethod)->Apply(atEachSize);
 
 // Delete on a selected method in the middle, confirmed; its two links go with it.
 void BM_QtDeleteMethod(benchmark::State& state) {
@@ -215,18 +242,11 @@ void BM_QtDeleteMethod(benchmark::State& state) {
     board.select(count / 2);
     state.ResumeTiming();
     tavlero::canvas_KeyDown(board.app, kKeyDelete, 0);
-    state.PauseTiming();
-    before.restore(board.app);
-    state.ResumeTiming();
+    before.restore(board.app, state);
   }
   finish(state);
 }
-BENCHMARK(BM_QtDeleteMethod)
-    ->Arg(1000)
-    ->Arg(10000)
-    ->Arg(32001)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(10);
+BENCHMARK(BM_QtDeleteMethod)->Apply(atEachSize)->Iterations(10);
 
 // The colour keys 1 to 9 in turn on a selected method.
 void BM_QtColourKey(benchmark::State& state) {
@@ -240,7 +260,7 @@ void BM_QtColourKey(benchmark::State& state) {
   }
   finish(state);
 }
-BENCHMARK(BM_QtColourKey)->Arg(1000)->Arg(10000)->Arg(32001)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_QtColourKey)->Apply(atEachSize);
 
 // The first press on a cell after a drop elsewhere moved another cell: hit testing must
 // take the new geometry first.
@@ -262,25 +282,11 @@ void BM_QtFirstPressAfterChange(benchmark::State& state) {
   }
   finish(state);
 }
-BENCHMARK(BM_QtFirstPressAfterChange)
-    ->Arg(1000)
-    ->Arg(10000)
-    ->Arg(32001)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(10);
+BENCHMARK(BM_QtFirstPressAfterChange)->Apply(atEachSize)->Iterations(10);
 
 // The first redraw after a project was read: no text measured yet.
 void BM_QtFirstRedraw(benchmark::State& state) {
-  for (auto _ : state) {
-    state.PauseTiming();
-    auto board = std::make_unique<QtBoard>(static_cast<int>(state.range(0)), false);
-    state.ResumeTiming();
-    tavlero::redrawBoard(board->app);
-    state.PauseTiming();
-    board.reset();
-    state.ResumeTiming();
-  }
-  finish(state);
+  onNewBoard(state, false, tavlero::redrawBoard);
 }
 BENCHMARK(BM_QtFirstRedraw)
     ->Arg(1000)
@@ -293,10 +299,7 @@ void BM_QtPaintVisibleArea(benchmark::State& state) {
   QtBoard board(static_cast<int>(state.range(0)));
   tavlero::CanvasWidget& canvas = board.canvas;
   QImage window(967, 656, QImage::Format_RGB32);
-  for (auto _ : state) {
-    canvas.render(&window, QPoint(), QRegion(0, 0, 967, 656));
-    benchmark::DoNotOptimize(window.constBits());
-  }
+  for (auto _ : state) board.paint(window);
   // The canvas is vastly larger than what is painted; the ink shows that the view is drawn.
   state.counters["canvas_px"] = static_cast<double>(canvas.width()) * canvas.height();
   int ink = 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -224,7 +225,9 @@ DrawingMemo::Drawings& drawingsAt(DrawingMemo& memo, CellContext context) {
   auto it = std::find_if(sets.begin(), sets.end(), [&](const auto& set) { return set.context == context; });
   if (it == sets.end()) {
     if (sets.size() >= kKeptContexts) sets.pop_back();
-    sets.insert(sets.begin(), {std::move(context), {}, {}, {}, {}});
+    DrawingMemo::Drawings set;
+    set.context = std::move(context);
+    sets.insert(sets.begin(), std::move(set));
   } else {
     std::rotate(sets.begin(), it, it + 1);
   }
@@ -243,13 +246,42 @@ Drawing& drawingAt(std::vector<Drawing>& drawings, size_t count, size_t index, c
   return drawings[index];
 }
 
-void drawCellFromMemo(App& app, int16_t index, const CellDrawing& d, bool geometryStands) {
+// The entries of a list changed since a revision, by their index now, and the entries
+// taken out, each by the index it had as it went; told is false when the list cannot say.
+struct ListChanges {
+  bool told = false;
+  std::vector<int16_t> changed;  // ascending
+  std::vector<int16_t> removed;
+  bool stands(int16_t index) const {
+    return told && !std::binary_search(changed.begin(), changed.end(), index);
+  }
+};
+
+ListChanges changesOf(const StringList& list, uint64_t since) {
+  ListChanges out;
+  std::vector<StringList::Change> changes;
+  out.told = list.changesSince(since, changes);
+  for (const StringList::Change& change : changes) {
+    if (change.kind != StringList::Change::Kind::Removed) {
+      out.changed.push_back(change.index);
+      continue;
+    }
+    out.removed.push_back(change.index);
+    std::erase(out.changed, change.index);
+    for (int16_t& at : out.changed) at = static_cast<int16_t>(at - (at > change.index ? 1 : 0));
+  }
+  std::sort(out.changed.begin(), out.changed.end());
+  return out;
+}
+
+void drawCellFromMemo(App& app, int16_t index, const CellDrawing& d,
+                      const std::shared_ptr<KeptDrawings>& kept, bool geometryStands) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
   growFor(app, d.cell);
   selectFont(app, store.infoFontSize, false);
   if (d.cell.name.empty()) return;
-  canvas.replay(d.drawn);
+  canvas.replay(kept, d.drawn);
   canvas.FillStyle = 1;
   canvas.FillColor = 0;
   canvas.CurrentX = d.endX;
@@ -258,7 +290,8 @@ void drawCellFromMemo(App& app, int16_t index, const CellDrawing& d, bool geomet
   canvas.ForeColor = 0;
 }
 
-void drawCellAfresh(App& app, int16_t index, const std::string& record, const StartPen& pen, CellDrawing& d) {
+void drawCellAfresh(App& app, int16_t index, const std::string& record, const StartPen& pen, CellDrawing& d,
+                    KeptDrawings& kept) {
   Surface& canvas = app.canvas;
   d.valid = false;
   d.record = record;
@@ -266,7 +299,7 @@ void drawCellAfresh(App& app, int16_t index, const std::string& record, const St
   d.pen = pen;
   size_t from = canvas.Image().size();
   paintCell(app, index, d.cell);
-  d.drawn = canvas.Image().copy(from, canvas.Image().size());
+  d.drawn = canvas.Image().keep(from, canvas.Image().size(), kept);
   d.geometry = app.store.sizeList.List(index);
   d.box = readBox(d.geometry);
   d.endX = canvas.CurrentX;
@@ -377,7 +410,9 @@ bool linkStillHolds(App& app, const DrawingMemo::Drawings& set, LinkDrawing& d, 
          fill.fillStyle == d.fillStyle;
 }
 
-void drawLinkInRedraw(App& app, DrawingMemo::Drawings& set, int16_t index, const std::vector<Box>& boxes) {
+// The link's drawing as it stands after drawing it: its operations live while it is valid.
+const LinkDrawing& drawLinkInRedraw(App& app, DrawingMemo::Drawings& set, int16_t index,
+                                    const std::vector<Box>& boxes) {
   ProjectStore& store = app.store;
   Surface& canvas = app.canvas;
   DrawingMemo& memo = app.drawingMemo;
@@ -390,17 +425,17 @@ void drawLinkInRedraw(App& app, DrawingMemo::Drawings& set, int16_t index, const
     if (set.linksSeen.geometry != store.linkSizeList.revision() &&
         store.linkSizeList.List(index) != d.geometry)
       store.linkSizeList.setList(index, d.geometry);
-    canvas.replay(d.drawn);
+    canvas.replay(set.kept, d.drawn);
     canvas.DrawStyle = 0;
     canvas.ForeColor = 0;
-    return;
+    return d;
   }
   d.valid = false;
   d.record = record;
   d.ends = readLink(record);
   size_t from = canvas.Image().size();
   FoundCells found = drawLinkWith(app, index, d.ends, &memo, &boxes, &set.cells);
-  if (!found.drawn) return;
+  if (!found.drawn) return d;
   d.names = memo.namesGeneration;
   d.source = found.source;
   d.target = found.target;
@@ -409,10 +444,30 @@ void drawLinkInRedraw(App& app, DrawingMemo::Drawings& set, int16_t index, const
   d.targetBox = found.targetBox;
   d.fillColor = found.fillColor;
   d.fillStyle = found.fillStyle;
-  d.drawn = canvas.Image().copy(from, canvas.Image().size());
+  d.drawn = canvas.Image().keep(from, canvas.Image().size(), *set.kept);
   d.geometry = store.linkSizeList.List(index);
   d.box = readBox(d.geometry);
   d.valid = true;
+  return d;
+}
+
+size_t opsOf(const KeptRange& range) {
+  return range.to - range.from;
+}
+
+// The keeper sheds the operations of the drawings since replaced once they outnumber the
+// live ones, so that it stays within twice what the board draws.
+void shedReplaced(DrawingMemo::Drawings& set, size_t live) {
+  if (set.kept->ops.size() <= 2 * live + 4096) return;
+  auto kept = std::make_shared<KeptDrawings>();
+  kept->ops.reserve(live);
+  auto copyOver = [&](auto& drawings) {
+    for (auto& d : drawings)
+      d.drawn = d.valid ? DisplayList::keepAgain(*set.kept, d.drawn, *kept) : KeptRange{};
+  };
+  copyOver(set.cells);
+  copyOver(set.links);
+  set.kept = std::move(kept);
 }
 
 }  // namespace
@@ -453,6 +508,8 @@ void redrawBoard(App& app) {
   std::vector<CellDrawing>& drawings = set.cells;
   const bool recordsStand = set.cellsSeen.records == store.itemList.revision();
   const bool geometryStands = set.cellsSeen.geometry == store.sizeList.revision();
+  const ListChanges records = changesOf(store.itemList, set.cellsSeen.records);
+  const ListChanges geometry = changesOf(store.sizeList, set.cellsSeen.geometry);
   // The boxes as reading sizeList gives them, for the links.
   std::vector<Box> boxes(cellCount);
   const size_t named = memo.cellNames.size();
@@ -462,6 +519,13 @@ void redrawBoard(App& app) {
   // Cells taken out of the list, as their drawings followed them; the names follow one.
   size_t removed = 0;
   int16_t removedAt = -1;
+  for (int16_t at : records.removed) {
+    if (static_cast<size_t>(at) >= drawings.size()) continue;
+    drawings.erase(drawings.begin() + at);
+    ++removed;
+    removedAt = at;
+  }
+  size_t live = 0;  // operations of the drawings kept
   for (int16_t i = 0; i < cells; ++i) {
     const std::string& record = store.itemList.List(i);
     const size_t kept = drawings.size();
@@ -471,11 +535,12 @@ void redrawBoard(App& app) {
       removedAt = i;
     }
     StartPen pen = penOf(canvas, i == store.selectedCell);
-    if (d.valid && d.pen == pen && (recordsStand || d.record == record))
-      drawCellFromMemo(app, i, d, geometryStands);
+    if (d.valid && d.pen == pen && (recordsStand || records.stands(i) || d.record == record))
+      drawCellFromMemo(app, i, d, set.kept, geometryStands || geometry.stands(i));
     else
-      drawCellAfresh(app, i, record, pen, d);
-    const size_t was = static_cast<size_t>(i) + removed;
+      drawCellAfresh(app, i, record, pen, d, *set.kept);
+    live += opsOf(d.drawn);
+    const size_t was = static_cast<size_t>(i) + (i >= removedAt ? removed : 0);
     if (was < named && memo.cellNames[was] != d.cell.name) {
       ++renames;
       renamedAt = i;
@@ -495,7 +560,8 @@ void redrawBoard(App& app) {
   int16_t links = store.linkList.ListCount();
   for (int16_t i = 0; i < links; ++i) {
     const DrawingMemo::Seen before{store.linkList.revision(), store.linkSizeList.revision()};
-    drawLinkInRedraw(app, set, i, boxes);
+    const LinkDrawing& d = drawLinkInRedraw(app, set, i, boxes);
+    if (d.valid) live += opsOf(d.drawn);
     // A link writes only its own entries, so what stood for the links behind it still does.
     if (set.linksSeen.records == before.records) set.linksSeen.records = store.linkList.revision();
     if (set.linksSeen.geometry == before.geometry) set.linksSeen.geometry = store.linkSizeList.revision();
@@ -527,6 +593,7 @@ void redrawBoard(App& app) {
   removeBlankLinks(app);
   app.linkHits.adopt(store.linkSizeList, std::move(lines));
   set.linksSeen = {store.linkList.revision(), store.linkSizeList.revision()};
+  shedReplaced(set, live);
 }
 
 namespace {

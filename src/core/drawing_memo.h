@@ -38,7 +38,7 @@ struct CellDrawing {
   std::string record;
   ParsedCell cell;
   StartPen pen;
-  std::shared_ptr<const DrawnOps> drawn;
+  KeptRange drawn;       // in the keeper of its context
   std::string geometry;  // the record written into sizeList
   Box box;               // that record read back, as the links and hit tests read it
   float endX = 0;        // CurrentX and CurrentY as the drawing left them
@@ -57,7 +57,7 @@ struct LinkDrawing {
   Box targetBox;
   int32_t fillColor = 0;  // of the source cell, which the circle wears
   int16_t fillStyle = 0;
-  std::shared_ptr<const DrawnOps> drawn;
+  KeptRange drawn;
   std::string geometry;
   Box box;
 };
@@ -88,6 +88,8 @@ struct DrawingMemo {
   };
   struct Drawings {
     CellContext context;
+    // The operations of this context's drawings, which sheds the replaced ones now and then.
+    std::shared_ptr<KeptDrawings> kept = std::make_shared<KeptDrawings>();
     std::vector<CellDrawing> cells;
     Seen cellsSeen;
     std::vector<LinkDrawing> links;

@@ -45,16 +45,26 @@ int16_t GeometryIndex::find(const StringList& list, Shape shape, Test test, floa
 }
 
 // A link made with Shift and a click writes two entries: the rest need not be read again.
+// A change names the index its entry had then, so the boxes are read once all are followed.
 bool GeometryIndex::readWritten(const StringList& list) {
-  std::vector<int16_t> written;
-  if (count_ < 0 || !list.writtenSince(revision_, written)) return false;
-  for (int16_t index : written) {
-    const auto at = static_cast<size_t>(index);
-    if (at > read_.size()) return false;
-    if (at == read_.size()) read_.emplace_back();
-    read_[at] = readBox(list.List(index));
+  using Kind = StringList::Change::Kind;
+  std::vector<StringList::Change> changes;
+  if (count_ < 0 || !list.changesSince(revision_, changes)) return false;
+  std::vector<bool> written(read_.size());
+  for (const StringList::Change& change : changes) {
+    const auto at = static_cast<size_t>(change.index);
+    if (at > read_.size() || (at == read_.size() && change.kind != Kind::Added)) return false;
+    if (change.kind == Kind::Removed) {
+      read_.erase(read_.begin() + static_cast<ptrdiff_t>(at));
+      written.erase(written.begin() + static_cast<ptrdiff_t>(at));
+      continue;
+    }
+    if (at == read_.size()) read_.emplace_back(), written.push_back(false);
+    written[at] = true;
   }
   if (read_.size() != list.items().size()) return false;
+  for (size_t i = 0; i < read_.size(); ++i)
+    if (written[i]) read_[i] = readBox(list.List(static_cast<int16_t>(i)));
   revision_ = list.revision();
   count_ = list.ListCount();
   shaped_ = false;

@@ -10,17 +10,26 @@ namespace {
 const std::string kEmpty;
 }  // namespace
 
-void StringList::changed() {
-  loggedFrom_ = ++revision_;
+void StringList::changed(Change change) {
+  // A redraw follows a change or two; one that sees more compares, so few are kept.
+  constexpr size_t kKept = 64;
+  if (log_.size() == kKept) {
+    knownFrom_ = log_[kKept / 2 - 1].first;
+    log_.erase(log_.begin(), log_.begin() + kKept / 2);
+  }
+  log_.emplace_back(++revision_, change);
 }
 
-void StringList::changedAt(size_t index) {
-  written_[++revision_ % kLogged] = static_cast<int16_t>(index);
+void StringList::changedWholly() {
+  knownFrom_ = ++revision_;
+  log_.clear();
 }
 
-bool StringList::writtenSince(uint64_t revision, std::vector<int16_t>& indices) const {
-  if (revision < loggedFrom_ || revision > revision_ || revision_ - revision > kLogged) return false;
-  for (uint64_t r = revision + 1; r <= revision_; ++r) indices.push_back(written_[r % kLogged]);
+bool StringList::changesSince(uint64_t revision, std::vector<Change>& changes) const {
+  changes.clear();
+  if (revision < knownFrom_ || revision > revision_) return false;
+  for (const auto& [made, change] : log_)
+    if (made > revision) changes.push_back(change);
   return true;
 }
 
@@ -34,20 +43,20 @@ void StringList::setList(int16_t index, std::string_view text) {
   std::string& item = items_[static_cast<size_t>(index)];
   if (item == text) return;
   item.assign(text);
-  changedAt(static_cast<size_t>(index));
+  changed({Change::Kind::Written, index});
 }
 
 bool StringList::AddItem(std::string text) {
   if (items_.size() >= static_cast<size_t>(kMaxCount)) return false;
   items_.push_back(std::move(text));
-  changedAt(items_.size() - 1);
+  changed({Change::Kind::Added, static_cast<int16_t>(items_.size() - 1)});
   return true;
 }
 
 void StringList::RemoveItem(int16_t index) {
   if (index < 0 || index >= ListCount()) return;
   items_.erase(items_.begin() + index);
-  changed();
+  changed({Change::Kind::Removed, index});
 }
 
 void StringList::RemoveItems(const std::vector<int16_t>& ascendingIndices) {
@@ -62,20 +71,20 @@ void StringList::RemoveItems(const std::vector<int16_t>& ascendingIndices) {
     ++kept;
   }
   items_.resize(kept);
-  changed();
+  changedWholly();
 }
 
 StringList& StringList::operator=(const StringList& other) {
   if (this != &other) {
     items_ = other.items_;
-    changed();
+    changedWholly();
   }
   return *this;
 }
 
 void StringList::Clear() {
   items_.clear();
-  changed();
+  changedWholly();
 }
 
 ProjectStore::ProjectStore() : longDescriptions_(kLongDescriptionSlots) {}

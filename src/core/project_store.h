@@ -3,10 +3,10 @@
 // table of long descriptions, the project's name and description, and the program
 // variables. One instance lives as long as the program.
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/default_font.h"
@@ -61,20 +61,26 @@ class StringList {
   // Grows with every change of the content, so that data derived from this list can tell
   // whether it still holds. Writing an entry with the text it already has is no change.
   uint64_t revision() const { return revision_; }
-  // The entries that the changes since revision wrote or appended, one each, oldest first;
-  // false when one of them was of another kind (a removal, a new content) or is too long
-  // ago to tell.
-  bool writtenSince(uint64_t revision, std::vector<int16_t>& indices) const;
+
+  // One change as the list tells it: an entry written, added at the end or removed, by the
+  // index it had then.
+  struct Change {
+    enum class Kind : uint8_t { Written, Added, Removed } kind;
+    int16_t index;
+  };
+  // The changes since a revision, oldest first, so that data derived from the list follows
+  // them rather than comparing every entry; false when the list no longer knows them all.
+  bool changesSince(uint64_t revision, std::vector<Change>& changes) const;
 
  private:
-  void changed();
-  void changedAt(size_t index);
+  void changed(Change change);
+  void changedWholly();
 
-  static constexpr size_t kLogged = 16;
   std::vector<std::string> items_;
   uint64_t revision_ = 0;
-  std::array<int16_t, kLogged> written_{};  // the entry that made each revision, by revision % kLogged
-  uint64_t loggedFrom_ = 0;                 // every change after this revision is in written_
+  // The last few changes with the revision each made, complete from knownFrom_ on.
+  std::vector<std::pair<uint64_t, Change>> log_;
+  uint64_t knownFrom_ = 0;
 };
 
 class ProjectStore {

@@ -2,28 +2,63 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <iterator>
 
 namespace tavlero {
 
 void DisplayList::clear() {
+  // The next picture takes over this one's index for what they share.
+  if (indexed_ > 0) {
+    for (; indexed_ < ops_.size(); ++indexed_) loose_.push_back(static_cast<uint32_t>(indexed_));
+    // As many as the zoom levels whose drawings the board keeps.
+    constexpr size_t kKept = 3;
+    if (last_.size() == kKept) last_.pop_back();
+    last_.insert(last_.begin(), {std::move(recipe_), ops_.size(), std::move(grid_), std::move(huge_),
+                                 std::move(loose_), std::move(again_), std::move(kept_)});
+  }
   ops_.clear();
   texts_.clear();
   printed_.clear();
-  shared_.clear();
+  kept_.clear();
   fonts_.clear();
+  fontsOf_ = nullptr;
+  keptFonts_.clear();
   grid_ = {};
   huge_.clear();
   loose_.clear();
   again_.clear();
   indexed_ = 0;
+  recipe_.clear();
+  fresh_ = false;
 }
 
 void DisplayList::add(const DrawOp& op) {
   ops_.push_back(op);
+  fresh_ = true;
 }
 
-uint32_t DisplayList::addText(std::string text) {
-  texts_.push_back(&printed_.emplace_back(std::move(text)));
+std::string_view TextStore::hold(std::string_view text) {
+  if (text.size() > room_) {
+    constexpr size_t kBlock = 64 * 1024;
+    room_ = std::max(kBlock, text.size());
+    next_ = blocks_.emplace_back(std::make_unique_for_overwrite<char[]>(room_)).get();
+  }
+  char* at = next_;
+  std::copy(text.begin(), text.end(), at);
+  next_ += text.size();
+  room_ -= text.size();
+  return {at, text.size()};
+}
+
+void TextStore::clear() {
+  blocks_.clear();
+  next_ = nullptr;
+  room_ = 0;
+}
+
+uint32_t DisplayList::addText(std::string_view text) {
+  texts_.push_back(printed_.hold(text));
   return static_cast<uint32_t>(texts_.size() - 1);
 }
 
@@ -36,43 +71,83 @@ uint32_t DisplayList::addFont(const FontSpec& font) {
   return static_cast<uint32_t>(fonts_.size() - 1);
 }
 
-std::shared_ptr<const DrawnOps> DisplayList::copy(size_t from, size_t to) const {
-  auto drawn = std::make_shared<DrawnOps>();
-  drawn->ops.assign(ops_.begin() + static_cast<ptrdiff_t>(from), ops_.begin() + static_cast<ptrdiff_t>(to));
-  if (!drawn->ops.empty()) drawn->bounds = bounds(drawn->ops.front());
-  for (DrawOp& op : drawn->ops) {
-    drawn->bounds = unite(drawn->bounds, bounds(op));
-    if (op.kind != DrawKind::Text) continue;
-    drawn->texts.push_back(*texts_[op.text]);
-    op.text = static_cast<uint32_t>(drawn->texts.size() - 1);
-    const FontSpec& font = fonts_[op.font];
-    auto known = std::find(drawn->fonts.begin(), drawn->fonts.end(), font);
-    op.font = static_cast<uint32_t>(known - drawn->fonts.begin());
-    if (known == drawn->fonts.end()) drawn->fonts.push_back(font);
+namespace {
+
+// Operations kept at the end of kept with their texts and fonts, as textOf and fontOf give them.
+template <typename TextOf, typename FontOf>
+KeptRange keepOps(const DrawOp* begin, const DrawOp* end, TextOf textOf, FontOf fontOf, KeptDrawings& kept) {
+  KeptRange range{static_cast<uint32_t>(kept.ops.size()), static_cast<uint32_t>(kept.ops.size())};
+  if (begin != end) range.bounds = DisplayList::bounds(*begin);
+  for (const DrawOp* it = begin; it != end; ++it) {
+    DrawOp op = *it;
+    range.bounds = DisplayList::unite(range.bounds, DisplayList::bounds(op));
+    if (op.kind == DrawKind::Text) {
+      kept.texts.push_back(kept.chars.hold(textOf(op.text)));
+      op.text = static_cast<uint32_t>(kept.texts.size() - 1);
+      const FontSpec& font = fontOf(op.font);
+      auto known = std::find(kept.fonts.begin(), kept.fonts.end(), font);
+      op.font = static_cast<uint32_t>(known - kept.fonts.begin());
+      if (known == kept.fonts.end()) kept.fonts.push_back(font);
+    }
+    kept.ops.push_back(op);
   }
-  return drawn;
+  range.to = static_cast<uint32_t>(kept.ops.size());
+  return range;
 }
 
-void DisplayList::append(std::shared_ptr<const DrawnOps> drawn) {
-  // Its fonts are few (a cell has two), so each is looked up once, not once a text.
-  constexpr size_t kFew = 4;
-  uint32_t fonts[kFew];
-  for (size_t i = 0; i < drawn->fonts.size() && i < kFew; ++i) fonts[i] = addFont(drawn->fonts[i]);
-  const auto firstText = static_cast<uint32_t>(texts_.size());
-  for (const std::string& text : drawn->texts) texts_.push_back(&text);
-  for (DrawOp op : drawn->ops) {
+}  // namespace
+
+KeptRange DisplayList::keep(size_t from, size_t to, KeptDrawings& kept) const {
+  return keepOps(
+      ops_.data() + from, ops_.data() + to, [&](uint32_t text) { return texts_[text]; },
+      [&](uint32_t font) -> const FontSpec& { return fonts_[font]; }, kept);
+}
+
+KeptRange DisplayList::keepAgain(const KeptDrawings& from, const KeptRange& range, KeptDrawings& to) {
+  return keepOps(
+      from.ops.data() + range.from, from.ops.data() + range.to,
+      [&](uint32_t text) { return from.texts[text]; },
+      [&](uint32_t font) -> const FontSpec& { return from.fonts[font]; }, to);
+}
+
+uint32_t DisplayList::fontOf(const KeptDrawings& kept, uint32_t index) {
+  if (fontsOf_ != &kept) {
+    fontsOf_ = &kept;
+    keptFonts_.clear();
+  }
+  if (index >= keptFonts_.size()) keptFonts_.resize(index + 1, UINT32_MAX);
+  if (keptFonts_[index] == UINT32_MAX) keptFonts_[index] = addFont(kept.fonts[index]);
+  return keptFonts_[index];
+}
+
+void DisplayList::madeBy(const void* source, uint32_t from, uint32_t to) {
+  const auto at = static_cast<uint32_t>(ops_.size() - (to - from));
+  Piece* back = recipe_.empty() ? nullptr : &recipe_.back();
+  if (back && back->source == source && back->to == from && back->at + (back->to - back->from) == at)
+    back->to = to;
+  else
+    recipe_.push_back({source, from, to, at});
+}
+
+void DisplayList::append(const std::shared_ptr<KeptDrawings>& kept, const KeptRange& range) {
+  if (std::find(kept_.begin(), kept_.end(), kept) == kept_.end()) kept_.push_back(kept);
+  const KeptDrawings& source = *kept;
+  for (uint32_t i = range.from; i < range.to; ++i) {
+    DrawOp op = source.ops[i];
     if (op.kind == DrawKind::Text) {
-      op.font = op.font < kFew ? fonts[op.font] : addFont(drawn->fonts[op.font]);
-      op.text += firstText;
+      texts_.push_back(source.texts[op.text]);
+      op.text = static_cast<uint32_t>(texts_.size() - 1);
+      op.font = fontOf(source, op.font);
     }
     ops_.push_back(op);
   }
-  shared_.push_back(std::move(drawn));
+  madeBy(&source, range.from, range.to);
 }
 
 void DisplayList::repeat(size_t from, size_t to) {
   ops_.reserve(ops_.size() + (to - from));
   for (size_t i = from; i < to; ++i) ops_.push_back(ops_[i]);
+  madeBy(this, static_cast<uint32_t>(from), static_cast<uint32_t>(to));
 }
 
 BoardRect DisplayList::unite(const BoardRect& a, const BoardRect& b) {
@@ -171,7 +246,103 @@ void DisplayList::buildGrid() const {
   indexed_ = ops_.size();
 }
 
+void DisplayList::takeOverLastIndex() const {
+  // The same picture made again takes its index whole; another maps the latest that took
+  // from the same keeper, and a picture of another zoom level leaves them all for later.
+  auto same = std::find_if(last_.begin(), last_.end(), [&](const Indexed& picture) {
+    return !fresh_ && picture.size == ops_.size() && picture.recipe == recipe_;
+  });
+  const bool unchanged = same != last_.end();
+  auto taken = same;
+  if (!unchanged)
+    taken = std::find_if(last_.begin(), last_.end(), [&](const Indexed& picture) {
+      return std::any_of(recipe_.begin(), recipe_.end(), [&](const Piece& piece) {
+        return piece.source != this &&
+               std::any_of(picture.recipe.begin(), picture.recipe.end(),
+                           [&](const Piece& was) { return was.source == piece.source; });
+      });
+    });
+  if (taken == last_.end()) return;
+  Indexed last = std::move(*taken);
+  last_.erase(taken);
+  if (unchanged) {
+    grid_ = std::move(last.grid);
+    huge_ = std::move(last.huge);
+    loose_ = std::move(last.loose);
+    again_ = std::move(last.again);
+    indexed_ = ops_.size();
+    return;
+  }
+  // Which operation of the last picture each of this one's is, one to one.
+  constexpr uint32_t kNone = UINT32_MAX;
+  std::vector<uint32_t> toNew(last.size, kNone);
+  std::vector<uint32_t> fromLast(ops_.size(), kNone);
+  auto pair = [&](uint32_t lastAt, uint32_t newAt, uint32_t count) {
+    for (uint32_t k = 0; k < count; ++k) {
+      if (toNew[lastAt + k] != kNone || fromLast[newAt + k] != kNone) continue;
+      toNew[lastAt + k] = newAt + k;
+      fromLast[newAt + k] = lastAt + k;
+    }
+  };
+  std::vector<Piece> kept, repeats;
+  for (const Piece& piece : last.recipe) (piece.source == this ? repeats : kept).push_back(piece);
+  auto before = [](const Piece& a, const Piece& b) {
+    return std::less<const void*>()(a.source, b.source) || (a.source == b.source && a.from < b.from);
+  };
+  std::sort(kept.begin(), kept.end(), before);
+  for (const Piece& piece : recipe_) {
+    if (piece.source == this) {
+      // A repeat's copy is the last picture's copy of the same operation.
+      for (uint32_t k = 0; k < piece.to - piece.from; ++k) {
+        const uint32_t was = fromLast[piece.from + k];
+        for (const Piece& r : repeats)
+          if (was != kNone && r.from <= was && was < r.to) pair(r.at + (was - r.from), piece.at + k, 1);
+      }
+      continue;
+    }
+    // The last picture's pieces of the same keeper whose ranges meet this one's.
+    auto it = std::lower_bound(kept.begin(), kept.end(), Piece{piece.source, piece.from, 0, 0}, before);
+    if (it != kept.begin() && std::prev(it)->source == piece.source) --it;
+    for (; it != kept.end() && it->source == piece.source && it->from < piece.to; ++it) {
+      const uint32_t from = std::max(piece.from, it->from), to = std::min(piece.to, it->to);
+      if (from < to) pair(it->at + (from - it->from), piece.at + (from - piece.from), to - from);
+    }
+  }
+  // The last index with each operation renamed, less those this picture does not hold.
+  grid_ = std::move(last.grid);
+  Grid& g = grid_;
+  uint32_t begin = 0, write = 0;
+  for (size_t b = 0; b + 1 < g.starts.size(); ++b) {
+    const uint32_t end = g.starts[b + 1];
+    g.starts[b] = write;
+    const uint32_t first = write;
+    bool ascending = true;
+    for (uint32_t k = begin; k < end; ++k) {
+      const uint32_t now = toNew[g.items[k]];
+      if (now == kNone) continue;
+      ascending = ascending && (write == first || g.items[write - 1] < now);
+      g.items[write++] = now;
+    }
+    // Pieces taken in another order than before: the bucket keeps drawing order.
+    if (!ascending) std::sort(g.items.begin() + first, g.items.begin() + write);
+    begin = end;
+  }
+  if (!g.starts.empty()) g.starts.back() = write;
+  g.items.resize(write);
+  auto rename = [&](const std::vector<uint32_t>& from, std::vector<uint32_t>& to) {
+    to.clear();
+    for (uint32_t i : from)
+      if (toNew[i] != kNone) to.push_back(toNew[i]);
+  };
+  rename(last.huge, huge_);
+  rename(last.loose, loose_);
+  for (uint32_t i = 0; i < ops_.size(); ++i)
+    if (fromLast[i] == kNone) loose_.push_back(i);
+  indexed_ = ops_.size();
+}
+
 void DisplayList::rebuildIndexIfNeeded() const {
+  if (indexed_ == 0 && !last_.empty() && !ops_.empty()) takeOverLastIndex();
   again_.resize(ops_.size(), 0);
   // A few operations drawn over the picture wait in a list of their own; many make a new grid.
   if (indexed_ == 0 || loose_.size() + (ops_.size() - indexed_) > 1024 + ops_.size() / 8) buildGrid();
@@ -187,7 +358,7 @@ bool DisplayList::printedAgain(uint32_t opIndex) const {
     const DrawOp& other = ops_[later];
     return later > opIndex && other.kind == DrawKind::Text && other.x1 == op.x1 && other.y1 == op.y1 &&
            (other.font == op.font || fonts_[other.font] == fonts_[op.font]) &&
-           (other.text == op.text || *texts_[other.text] == *texts_[op.text]);
+           (other.text == op.text || texts_[other.text] == texts_[op.text]);
   };
   // A print at the same place has bounds that hold its top left corner, so it sits in the
   // corner's bucket, or among the operations outside the grid.

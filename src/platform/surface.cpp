@@ -55,10 +55,10 @@ void Surface::addOp(DrawKind kind, float x1, float y1, float x2, float y2) {
   imageAdded(DisplayList::bounds(op));
 }
 
-void Surface::replay(const std::shared_ptr<const DrawnOps>& drawn) {
-  if (!keepsImage_ || drawn->ops.empty()) return;
-  image_.append(drawn);
-  imageAdded(drawn->bounds);
+void Surface::replay(const std::shared_ptr<KeptDrawings>& kept, const KeptRange& drawn) {
+  if (!keepsImage_ || drawn.from == drawn.to) return;
+  image_.append(kept, drawn);
+  imageAdded(drawn.bounds);
 }
 
 void Surface::Line(float x1, float y1, float x2, float y2) {

@@ -57,7 +57,7 @@ class Surface {
   void repeat(size_t from, size_t to);
   // Draws operations taken from a picture of this surface again, as they were drawn; the
   // pen and text state are the caller's to set as that drawing left them.
-  void replay(const std::shared_ptr<const DrawnOps>& drawn);
+  void replay(const std::shared_ptr<KeptDrawings>& kept, const KeptRange& drawn);
 
   // Extent in the current Font, in board units. TextHeight is one line height for any
   // text without line ends, the empty text included.

@@ -93,7 +93,8 @@ void paintBoard(QPainter& painter, const DisplayList& image, const BoardScale& s
         }
         painter.setFont(found->second.font);
         painter.setPen(colourOf(op.foreColor));
-        painter.drawText(QPointF(p1.x(), p1.y() + found->second.ascent), fromCp1252(image.text(op.text)));
+        painter.drawText(QPointF(p1.x(), p1.y() + found->second.ascent),
+                         fromCp1252(std::string(image.text(op.text))));
         break;
       }
     }

@@ -49,7 +49,7 @@ TEST(LayoutCellText, PrintsLineByLineAndMeasuresTheSame) {
     Lines lines;
     for (const auto& op : print.Image().ops()) {
       EXPECT_EQ(std::tuple(op.x1, op.y1), std::tuple(7.0f, 100 + 4.0f * static_cast<float>(lines.size())));
-      lines.push_back(print.Image().text(op.text));
+      lines.emplace_back(print.Image().text(op.text));
     }
     EXPECT_EQ(lines, expected);
   }
@@ -89,7 +89,7 @@ TEST(LayoutCellText, BreaksAsMeasuringTheWholeLineWouldWithKerning) {
     KerningSurface canvas;
     layoutCellText(canvas, text, width, 0, true);
     Lines printed;
-    for (const auto& op : canvas.Image().ops()) printed.push_back(canvas.Image().text(op.text));
+    for (const auto& op : canvas.Image().ops()) printed.emplace_back(canvas.Image().text(op.text));
     EXPECT_EQ(printed, wholeLineBreaks(canvas, text, width)) << '"' << text << "\" at " << width;
   }
 }

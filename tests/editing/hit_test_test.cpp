@@ -51,7 +51,7 @@ TEST(FindCellAtBoard, OverlappingCellsFollowTheRedraw) {
 
 // Link boxes written or appended one at a time after a search are read alone. The answers
 // stay a fresh index's: with the widening that an earlier reversed link passes on to the
-// later ones, past the changes the list keeps count of, and after a removal.
+// later ones, past the changes the list keeps count of, and after a write that a removal moved.
 TEST(FindLinkAtBoard, EntriesWrittenAloneAnswerAsAFreshIndex) {
   FakeWorld world;
   StringList& links = world.app.store.linkSizeList;
@@ -69,9 +69,9 @@ TEST(FindLinkAtBoard, EntriesWrittenAloneAnswerAsAFreshIndex) {
     findLinkAt(world.app, 0, 0);
     if (change == "write") links.setList(static_cast<int16_t>(next(links.ListCount())), line());
     if (change == "append") links.AddItem(line()), links.setList(links.ListCount() - 1, line());
-    for (int i = 0; change == "writes" && i < 40; ++i)
+    for (int i = 0; change == "writes" && i < 100; ++i)
       links.setList(static_cast<int16_t>(next(links.ListCount())), line());
-    if (change == "remove") links.RemoveItem(2);
+    if (change == "remove") links.setList(5, line()), links.RemoveItem(2);
     FakeWorld fresh;
     fresh.app.store.linkSizeList = links;
     for (float x = 0; x < 300; x += 4)

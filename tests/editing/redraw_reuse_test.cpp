@@ -55,7 +55,10 @@ const Change kChanges[] = {
     {"select link", [](testing::FakeWorld& w) { w.app.store.selectedLink = 2; }},
     {"pen", [](testing::FakeWorld& w) { w.canvas.ForeColor = 255; }},
     {"zoom", [](testing::FakeWorld& w) { zoomIn(w.app); }},
-    {"zoom back", [](testing::FakeWorld& w) { zoomIn(w.app), zoomOut(w.app); }},
+    {"zoom back",
+     [](testing::FakeWorld& w) {
+       zoomIn(w.app), w.canvas.Image().query({0, 0, 50, 50}), zoomOut(w.app);
+     }},
     {"font size", [](testing::FakeWorld& w) { w.app.store.nameFontSize = 9; }},
     {"metrics", [](testing::FakeWorld& w) { w.canvas.charWidth = 2; }},
     {"add", [](testing::FakeWorld& w) { w.addCell("E", 200, 200, "ny"); }},
@@ -71,6 +74,21 @@ const Change kChanges[] = {
        redrawBoard(w.app);
        w.app.store.itemList.RemoveItem(3);
        w.app.store.sizeList.RemoveItem(3);
+     }},
+    {"a thousand recolourings, then the kept drawings shed",
+     [](testing::FakeWorld& w) {
+       for (int i = 0; i < 1000; ++i)
+         setCellField(w, 0, key::cellColor, i % 2 ? " 65280" : " 255"), redrawBoard(w.app);
+     }},
+    {"recolour C, then delete B",
+     [](testing::FakeWorld& w) {
+       setCellField(w, 2, key::cellColor, " 65280");
+       w.app.store.itemList.RemoveItem(1), w.app.store.sizeList.RemoveItem(1);
+     }},
+    {"rename C, then more writes than the list tells",
+     [](testing::FakeWorld& w) {
+       setCellField(w, 2, key::methodName, "D");
+       for (int i = 0; i < 70; ++i) setCellField(w, 0, key::cellColor, i % 2 ? " 65280" : " 255");
      }},
     {"delete link",
      [](testing::FakeWorld& w) {
@@ -93,12 +111,15 @@ auto seen(testing::FakeWorld& w) {
                      op.drawStyle, op.drawWidth, text ? image.text(op.text) : "",
                      text ? image.font(op.font).Size : 0.0f, text && image.font(op.font).Bold);
   }
+  std::vector<std::vector<uint32_t>> tiles;  // as a paint asks for the parts it shows
+  for (float x = -64; x < 320; x += 48)
+    for (float y = -64; y < 320; y += 48) tiles.push_back(image.query({x, y, x + 48, y + 48}));
   std::vector<int16_t> hits;
   for (float x = 0; x < 260; x += 3)
     for (float y = 0; y < 260; y += 3)
       hits.push_back(static_cast<int16_t>(findCellAt(w.app, x, y) * 100 + findLinkAt(w.app, x, y)));
   const ProjectStore& s = w.app.store;
-  return std::make_tuple(ops, hits, s.itemList.items(), s.sizeList.items(), s.linkList.items(),
+  return std::make_tuple(ops, tiles, hits, s.itemList.items(), s.sizeList.items(), s.linkList.items(),
                          s.linkSizeList.items(), w.canvas.Width(), w.canvas.Height(), w.canvas.CurrentX,
                          w.canvas.CurrentY,
                          w.canvas.Font == FontSpec{s.fontName, s.infoFontSize * s.zoomFactor, false});
@@ -113,6 +134,8 @@ TEST_P(RedrawReuse, LeavesWhatAFreshRedrawLeaves) {
     w->addLinkRecord("A", "B"), w->addLinkRecord("B", "C"), w->addLinkRecord("C", "A");
     redrawBoard(w->app);
     findCellAt(w->app, 0, 0), findLinkAt(w->app, 0, 0);
+    // Painted from the drawings kept, so that the picture after the change takes over its index.
+    redrawBoard(w->app), w->canvas.Image().query({0, 0, 50, 50});
     GetParam().apply(*w);
   }
   fresh.app.drawingMemo = {};
