@@ -10,6 +10,7 @@
 #include <QWidget>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "board/board.h"
 #include "core/window_size.h"
@@ -214,23 +215,32 @@ void BM_QtAddMethod(benchmark::State& state) {
 }
 BENCHMARK(BM_QtAddMethod)->Apply(atEachSize)->Iterations(10);
 
-// The summary of a selected method changed through the method dialog's OK, by turns.
-void BM_QtEditMethod(benchmark::State& state) {
+// The summary, or the name, of a selected method changed through the method dialog's OK,
+// by turns; a new name is followed by the links that use it.
+void editByTurns(benchmark::State& state, bool renaming) {
   auto count = static_cast<int>(state.range(0));
   QtBoard board(count);
   board.select(count / 2);
-  bool longer = true;
+  bool changed = true;
   for (auto _ : state) {
     auto form = std::make_unique<tavlero::testing::FakeMethodForm>();
-    form->name = cellName(count / 2);
-    form->summary = longer ? "Gjør en lengre del av jobben, over flere linjer enn før." : "Kort.";
+    form->name = renaming && changed ? "nyttNavn()" : cellName(count / 2);
+    form->summary =
+        !renaming && changed ? "Gjør en lengre del av jobben, over flere linjer enn før." : "Kort.";
     board.app.addMethodForm = std::move(form);
     tavlero::addMethodForm_Command2_Click(board.app);
-    longer = !longer;
+    changed = !changed;
   }
   finish(state);
 }
+void BM_QtEditMethod(benchmark::State& state) {
+  editByTurns(state, false);
+}
 BENCHMARK(BM_QtEditMethod)->Apply(atEachSize);
+void BM_QtRenameMethod(benchmark::State& state) {
+  editByTurns(state, true);
+}
+BENCHMARK(BM_QtRenameMethod)->Apply(atEachSize);
 
 // Delete on a selected method in the middle, confirmed; its two links go with it.
 void BM_QtDeleteMethod(benchmark::State& state) {
@@ -262,27 +272,60 @@ void BM_QtColourKey(benchmark::State& state) {
 }
 BENCHMARK(BM_QtColourKey)->Apply(atEachSize);
 
-// The first press on a cell after a drop elsewhere moved another cell: hit testing must
-// take the new geometry first.
-void BM_QtFirstPressAfterChange(benchmark::State& state) {
+// The first press after a change that hit testing has not been handed: untimed, change
+// runs at step 0, 1, ...; then a press at (x, y) of the step.
+template <typename Change, typename At>
+void firstPressAfter(benchmark::State& state, Change change, At at) {
   auto count = static_cast<int>(state.range(0));
   QtBoard board(count);
-  int moved = count / 2, pressed = count / 3;
-  float step = 1;
+  int step = 0;
   for (auto _ : state) {
     state.PauseTiming();
-    float x = cellX(moved) + 2 + (step < 0 ? 7.0f : 0.0f), y = cellY(moved) + 2;
-    tavlero::canvas_MouseDown(board.app, 1, 0, x, y);
-    tavlero::canvas_MouseMove(board.app, 1, 0, x + 7 * step, y);
-    tavlero::canvas_MouseUp(board.app, 1, 0, x + 7 * step, y);
-    step = -step;
+    change(board.app, count, step);
+    auto [x, y] = at(count, step++);
     state.ResumeTiming();
-    tavlero::canvas_MouseDown(board.app, 1, 0, cellX(pressed) + 2, cellY(pressed) + 2);
+    tavlero::canvas_MouseDown(board.app, 1, 0, x, y);
     benchmark::DoNotOptimize(board.app.store.selectedCell);
   }
   finish(state);
 }
+
+void press(tavlero::App& app, int16_t shift, float x, float y) {
+  tavlero::canvas_MouseDown(app, 1, shift, x, y);
+  tavlero::canvas_MouseUp(app, 1, shift, x, y);
+}
+
+// The first press on a cell after a drop elsewhere moved another cell: hit testing must
+// take the new geometry first.
+void BM_QtFirstPressAfterChange(benchmark::State& state) {
+  firstPressAfter(
+      state,
+      [](tavlero::App& app, int count, int step) {
+        const float back = step % 2 ? 7.0f : 0.0f, x = cellX(count / 2) + 2 + back, y = cellY(count / 2) + 2;
+        tavlero::canvas_MouseDown(app, 1, 0, x, y);
+        tavlero::canvas_MouseMove(app, 1, 0, x + 7 - 2 * back, y);
+        tavlero::canvas_MouseUp(app, 1, 0, x + 7 - 2 * back, y);
+      },
+      [](int count, int) { return std::pair(cellX(count / 3) + 2, cellY(count / 3) + 2); });
+}
 BENCHMARK(BM_QtFirstPressAfterChange)->Apply(atEachSize)->Iterations(10);
+
+// The first press off the cells after a cell was linked to another by Shift and a click,
+// which draws the new link alone: hit testing of the links must take its box first.
+void BM_QtFirstPressAfterLink(benchmark::State& state) {
+  firstPressAfter(
+      state,
+      [](tavlero::App& app, int count, int step) {
+        const int from = count / 3 + 3 * step;
+        press(app, 0, cellX(from) + 2, cellY(from) + 2);
+        press(app, 1, cellX(from + 3) + 2, cellY(from + 3) + 2);
+      },
+      [](int count, int step) {
+        const int at = count / 3 + 3 * step + 3;
+        return std::pair(cellX(at) + 55, cellY(at) + 25);
+      });
+}
+BENCHMARK(BM_QtFirstPressAfterLink)->Apply(atEachSize)->Iterations(10);
 
 // The first redraw after a project was read: no text measured yet.
 void BM_QtFirstRedraw(benchmark::State& state) {
