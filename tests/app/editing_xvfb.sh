@@ -34,6 +34,8 @@ addMethod() {
   xdotool mousemove --window "$main" "$1" "$2" && sleep 0.3
   xdotool click --repeat 2 --delay 60 1
   await "Legg til ny metode"
+  # Typing starts once the dialog has the keyboard; a busy machine may show it before.
+  xdotool windowfocus --sync "$found"
   xdotool type --delay 15 "$3"
   xdotool key Tab
   xdotool type --delay 15 "$4"
@@ -60,6 +62,7 @@ xdotool mousemove --window "$main" 510 310 click 1 && sleep 0.3
 xdotool keydown shift mousemove --window "$main" 160 160 click 1 keyup shift && sleep 0.3
 xdotool windowfocus --sync "$main" key ctrl+s
 await "Lagre som"
+xdotool windowfocus --sync "$found"
 xdotool type --delay 15 "$saved"
 xdotool key Return
 for _ in $(seq 100); do [[ -s $saved ]] && break; sleep 0.1; done
